@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// How a running emulated generator tells the program of its pseudo-terminal: a link "NAME" to the device in a
+// per-user folder that nobody else can write to ($XDG_RUNTIME_DIR/tessit-control, else
+// /tmp/tessit-control-UID with mode 0700). A folder that another user owns or may write to is not used.
+#pragma once
+
+#include "platform/serial.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tessit {
+
+// Makes the folder where it is missing; none when it can't be had or can't be trusted.
+std::optional<std::filesystem::path> announcement_folder();
+
+// Present while this object lives. A name in use by a running generator gets a number behind it.
+class PortAnnouncement {
+public:
+    PortAnnouncement(const std::string& name, const std::string& device);
+    ~PortAnnouncement();
+    PortAnnouncement(const PortAnnouncement&) = delete;
+    PortAnnouncement& operator=(const PortAnnouncement&) = delete;
+
+    bool announced() const { return !link_.empty(); }
+    std::string name() const { return link_.filename().string(); }
+
+private:
+    std::filesystem::path link_; // empty when it could not be made
+};
+
+// In alphabetical order; links whose device is gone are left out.
+std::vector<SerialPort> announced_ports();
+
+} // namespace tessit

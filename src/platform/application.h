@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+// The application object: open windows in front-to-back order, the menu bar, the event border and the services of
+// the desktop under the names that the program uses.
+#pragma once
+
+#include "platform/desktop.h"
+#include "platform/menu.h"
+#include "platform/window.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tessit {
+
+enum class Stage { development = 0, alpha = 1, beta = 2, final = 3 };
+
+struct Version {
+    Stage StageCode = Stage::development;
+    int MajorVersion = 0;
+    int MinorVersion = 0;
+    int BugVersion = 0;
+};
+
+// Ports, clock and mouse under the runtime's name `System`.
+class SystemServices {
+public:
+    explicit SystemServices(Desktop& desktop) : desktop_(desktop) {}
+
+    std::vector<tessit::SerialPort> serial_ports() const { return desktop_.serial_ports().list(); }
+    int SerialPortCount() const { return static_cast<int>(serial_ports().size()); }
+    tessit::SerialPort SerialPort(int index) const; // Fault out_of_bounds beyond the list
+    int MouseX() const { return mouse_x; }          // on the screen, in points
+    int MouseY() const { return mouse_y; }
+
+    int mouse_x = 0;
+    int mouse_y = 0;
+
+private:
+    Desktop& desktop_;
+};
+
+class Application {
+public:
+    Application(Desktop& desktop, const Version& program_version, MenuBar menu_bar);
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
+    virtual ~Application() = default;
+
+    MenuBar MenuBar1;
+    SystemServices System;
+    const Version version;
+
+    // Open windows, 0 in front. Made windows that were never shown are among them.
+    int WindowCount() const { return static_cast<int>(windows_.size()); }
+    tessit::Window& Window(int index) const; // Fault out_of_bounds
+    // The active one: in front of all visible windows but notices, which never are. Null when none is to be seen.
+    tessit::Window* front_window() const;
+    bool in_front(const tessit::Window& window) const { return active_ == &window; }
+
+    void MsgBox(const std::string& message, DialogIcon icon = DialogIcon::note);
+    DialogAnswer ShowModal(const MessageDialog& dialog);
+    std::optional<FolderItem> GetOpenFolderItem(const FileType& type); // none: dismissed
+    std::optional<FolderItem> GetSaveFolderItem(const FileType& type, const std::string& default_name);
+    FolderItem GetFolderItem(const std::string& name) const; // in the program's folder; itself for an empty name
+    void Beep();
+    Microseconds now() { return desktop_.clock().now(); }
+    void wait(Microseconds duration) { tessit::wait(desktop_.clock(), duration); }
+    Desktop& desktop() const { return desktop_; }
+
+    // Asks every window but those that live as long as the program to close; one that stays open ends the quitting.
+    void Quit();
+    bool quitting() const { return quitting_; }
+
+    // Events. A handler runs to its end; a fault stops it. `raise` passes the fault on, stamped with the handler's
+    // name. `from_user` is the border to everything outside: it never throws, reports a fault once and, when the
+    // outermost event has returned, frees closed windows and sees to it that a window can be seen.
+    void raise(const std::string& handler, const std::function<void()>& body);
+    void from_user(const std::string& handler, const std::function<void()>& body);
+    bool busy() const { return depth_ > 0; } // a handler is running
+    // Runs a step whose fault must not keep the rest of a handler from running: reported at once.
+    void guarded(const std::string& handler, const std::function<void()>& body);
+
+    // Menu. `enable_menu_items` asks the window in front; `choose_menu` is user input and does nothing on a
+    // disabled entry.
+    void enable_menu_items();
+    void choose_menu(std::string_view entry);
+
+    // For Window, Control and ImplicitWindow.
+    tessit::Window& adopt(std::unique_ptr<tessit::Window> window, std::function<void()> on_retired);
+    void open(tessit::Window& window);
+    void bring_to_front(tessit::Window& window); // and active, which raises Event_Activate where it was not
+    void hidden(tessit::Window& window);
+    void retire(tessit::Window& window);
+    void set_mouse(int x, int y);
+
+protected:
+    void free_windows();                 // by the destructor of the class that has the windows' instances
+    virtual void show_main_window() = 0; // when an event ends with no window to be seen
+    virtual void fault_caught() {}       // before the report is shown
+
+private:
+    struct OpenWindow {
+        std::unique_ptr<tessit::Window> window;
+        std::function<void()> on_retired;
+    };
+
+    void end_outermost_event();
+    void report(const Fault& fault);
+    bool nothing_to_be_seen() const;
+    std::vector<OpenWindow>::iterator find(const tessit::Window& window);
+
+    Desktop& desktop_;
+    std::vector<OpenWindow> windows_; // front to back
+    std::vector<std::unique_ptr<tessit::Window>> retired_;
+    tessit::Window* active_ = nullptr;  // the one whose Event_Activate ran last
+    std::filesystem::path last_folder_; // of the file dialogs
+    int depth_ = 0;
+    bool quitting_ = false;
+};
+
+// The one instance of a window class, a member of its application: made and opened when it is first touched, and
+// again when it is touched after it was closed.
+template <class App, class W> class ImplicitWindow {
+public:
+    explicit ImplicitWindow(App& app) : app_(app) {}
+
+    W* operator->() { return &get(); }
+    W& get() {
+        if (window_ != nullptr) {
+            return *window_;
+        }
+        auto made = std::make_unique<W>(app_);
+        W& window = *made;
+        window_ = &window;
+        app_.open(app_.adopt(std::move(made), [this] { window_ = nullptr; }));
+        return window; // Event_Open may have closed it again; it then lives until the outermost event has ended
+    }
+    bool exists() const { return window_ != nullptr; }
+    void Close() { // nothing where no window is
+        if (window_ != nullptr) {
+            window_->Close();
+        }
+    }
+
+private:
+    App& app_;
+    W* window_ = nullptr;
+};
+
+} // namespace tessit

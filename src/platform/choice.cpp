@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "platform/choice.h"
+
+#include "platform/array.h"
+#include "platform/text.h"
+
+#include <algorithm>
+
+namespace tessit {
+
+PopupMenu::PopupMenu(Window& window, const ControlDesign& design, ChoiceDesign own)
+    : Control(window, design), items_(std::move(own.items)), list_index_(own.list_index),
+      text_(list_index_ < 0 ? "" : List(list_index_)), on_change_(std::move(own.on_change)) {}
+
+const std::string& PopupMenu::List(int index) const {
+    return items_[checked_index(index, items_.size())];
+}
+
+void PopupMenu::AddRow(std::string_view text) {
+    items_.emplace_back(text);
+    show_change();
+}
+
+void PopupMenu::ReplaceRows(std::vector<std::string> items) {
+    if (items != items_) {
+        items_ = std::move(items);
+        list_index_ = find(text_);
+        show_change();
+    }
+}
+
+void PopupMenu::SetListIndex(int index) {
+    if (index >= 0 && index < ListCount()) {
+        set(index, List(index));
+    } else if (index == -1) {
+        set(-1, "");
+    }
+}
+
+void PopupMenu::set(int index, std::string text) {
+    const bool changed = index != list_index_;
+    if (changed || text != text_) {
+        list_index_ = index;
+        text_ = std::move(text);
+        show_change();
+    }
+    if (changed) {
+        raise("Change", on_change_);
+    }
+}
+
+int PopupMenu::find(std::string_view text) const {
+    const auto found =
+        std::find_if(items_.begin(), items_.end(), [&](const auto& item) { return same_text(item, text); });
+    return found == items_.end() ? -1 : static_cast<int>(found - items_.begin());
+}
+
+void PopupMenu::choose(int index) {
+    if (usable()) {
+        from_user("Change", [&] { SetListIndex(index); });
+    }
+}
+
+void ComboBox::SetText(std::string_view text) {
+    set(find(text), std::string(text));
+}
+
+void ComboBox::edit(std::string_view text) {
+    if (usable()) {
+        from_user("Change", [&] { SetText(text); });
+    }
+}
+
+} // namespace tessit

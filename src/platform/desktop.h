@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// What the program needs of the place where it runs. There are two desktops: the Qt one (src/qt), and the scripted
+// one of the tests (tests/support).
+#pragma once
+
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/fault.h"
+#include "platform/serial.h"
+
+#include <optional>
+
+namespace tessit {
+
+class Application;
+class Window;
+
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+
+    virtual Clock& clock() = 0;
+    virtual SerialPorts& serial_ports() = 0;
+    virtual FolderItem program_folder() = 0; // settings, the transfer file and the help documents are there
+
+    // Modal; each returns when the user has answered. No value: dismissed.
+    virtual DialogAnswer show_dialog(const MessageDialog& dialog) = 0;
+    virtual std::optional<FolderItem> choose_open_file(const FileRequest& request) = 0;
+    virtual std::optional<FolderItem> choose_save_file(const FileRequest& request) = 0;
+    virtual void show_fault(const FaultReport& report) = 0;
+    virtual void Beep() = 0;
+
+    // Windows. A window is made known when it is shown for the first time and forgotten before it is freed.
+    virtual void window_shown(Window& window) = 0; // now visible and in front
+    virtual void window_hidden(Window& window) = 0;
+    virtual void window_closed(Window& window) = 0;
+    virtual void event_ended() {} // an outermost event has returned
+    virtual void quit() = 0;      // end the event loop
+};
+
+} // namespace tessit

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// A place in the file system, and the file types of dialogs.
+#pragma once
+
+#include "platform/ref.h"
+#include "platform/streams.h"
+
+#include <filesystem>
+#include <string>
+
+namespace tessit {
+
+// A filter of the open and save dialogs.
+struct FileType {
+    std::string Name;       // as shown
+    std::string MacType;    // kept with the file type; no file system here stores it
+    std::string Extensions; // with its point, such as ".zp2"
+};
+
+class FolderItem {
+public:
+    FolderItem() = default;
+    explicit FolderItem(std::filesystem::path path) : path_(std::move(path)) {}
+
+    std::string AbsolutePath() const { return std::filesystem::absolute(path_).string(); }
+    std::string DisplayName() const { return path_.filename().string(); } // with its extension
+    FolderItem Parent() const { return FolderItem(path_.parent_path()); }
+    FolderItem Child(const std::string& name) const { return FolderItem(path_ / name); }
+    bool Exists() const;
+    const std::filesystem::path& path() const { return path_; }
+
+    // Raise Fault read_failed with the system's reason when the file can't be read.
+    Ref<BinaryInputStream> OpenAsBinaryFile() const;
+    Ref<TextInputStream> OpenAsTextFile() const;
+
+    // Nil when the file can't be created. The type tells other systems what the file is; nothing here stores it.
+    Ref<BinaryOutputStream> CreateBinaryFile(const std::string& type) const;
+    Ref<TextOutputStream> CreateTextFile() const;
+
+private:
+    std::filesystem::path path_;
+};
+
+} // namespace tessit

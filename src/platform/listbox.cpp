@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "platform/listbox.h"
+
+#include "platform/application.h"
+#include "platform/array.h"
+#include "platform/text.h"
+#include "platform/window.h"
+
+#include <algorithm>
+
+namespace tessit {
+
+Listbox::Listbox(Window& window, const ControlDesign& design, ListboxDesign own)
+    : Control(window, design), own_(std::move(own)), headings_(static_cast<std::size_t>(own_.columns)),
+      alignments_(static_cast<std::size_t>(own_.columns), Align::standard) {}
+
+void Listbox::AddRow(std::string_view text) {
+    InsertRow(ListCount(), text);
+}
+
+void Listbox::InsertRow(int row, std::string_view text) {
+    const auto at = static_cast<std::ptrdiff_t>(checked_index(row, rows_.size() + 1));
+    std::vector<std::string> cells(static_cast<std::size_t>(own_.columns));
+    cells.front() = text;
+    rows_.insert(rows_.begin() + at, std::move(cells));
+    last_index_ = row;
+    if (table_view_ != nullptr) {
+        table_view_->row_inserted(row);
+    }
+    if (list_index_ >= row) {
+        ++list_index_;
+        if (table_view_ != nullptr) {
+            table_view_->selection_changed();
+        }
+    }
+}
+
+void Listbox::RemoveRow(int row) {
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(checked_index(row, rows_.size())));
+    last_index_ = ListCount() - 1;
+    list_index_ = -1;
+    if (table_view_ != nullptr) {
+        table_view_->row_removed(row);
+        table_view_->selection_changed();
+    }
+}
+
+const std::string& Listbox::Cell(int row, int column) const {
+    const auto& cells = rows_[checked_index(row, rows_.size())];
+    return cells[checked_index(column, cells.size())];
+}
+
+void Listbox::SetCell(int row, int column, std::string_view text) {
+    auto& cells = rows_[checked_index(row, rows_.size())];
+    auto& cell = cells[checked_index(column, cells.size())];
+    if (cell != text) {
+        cell = text;
+        if (table_view_ != nullptr) {
+            table_view_->cell_changed(row, column);
+        }
+    }
+}
+
+void Listbox::SetListIndex(int row) {
+    if (row == list_index_ || row < -1 || row >= ListCount()) {
+        return;
+    }
+    list_index_ = row;
+    if (table_view_ != nullptr) {
+        table_view_->selection_changed();
+    }
+    raise("Change", own_.on_change);
+}
+
+void Listbox::SetScrollPosition(int row) {
+    scroll_to(row);
+    if (table_view_ != nullptr) {
+        table_view_->scrolled();
+    }
+}
+
+void Listbox::scroll_to(int row) {
+    scroll_position_ = std::clamp(row, 0, std::max(0, ListCount() - 1));
+}
+
+const std::string& Listbox::Heading(int column) const {
+    return headings_[checked_index(column, headings_.size())];
+}
+
+void Listbox::SetHeadings(std::string_view tab_separated) {
+    const Array<std::string> texts = Split(tab_separated, "\t");
+    for (int column = 0; column < std::min(texts.count(), ColumnCount()); ++column) {
+        headings_[static_cast<std::size_t>(column)] = texts[column];
+    }
+    show_change();
+}
+
+void Listbox::SetColumnWidths(std::string_view widths) {
+    column_widths_ = widths;
+    show_change();
+}
+
+Align Listbox::ColumnAlignment(int column) const {
+    return alignments_[checked_index(column, alignments_.size())];
+}
+
+void Listbox::SetColumnAlignment(int column, Align align) {
+    alignments_[checked_index(column, alignments_.size())] = align;
+    show_change();
+}
+
+int Listbox::RowFromXY(int, int y) const {
+    const int below_heading = y - heading_height();
+    if (below_heading < 0) {
+        return -1;
+    }
+    const int row = below_heading / row_height + scroll_position_;
+    return row < ListCount() ? row : -1;
+}
+
+void Listbox::attach_table(ListboxView* view) {
+    attach(view);
+    table_view_ = view;
+}
+
+void Listbox::choose(int row) {
+    if (usable()) {
+        from_user("Change", [&] { SetListIndex(row); });
+    }
+}
+
+void Listbox::double_click(int row) {
+    if (!usable() || row < 0 || row >= ListCount() || !own_.on_double_click) {
+        return;
+    }
+    scroll_to(std::min(row, scroll_position_));
+    const int y = heading_height() + (row - scroll_position_) * row_height + row_height / 2;
+    window().application().set_mouse(window().Left() + Left() + row_height / 2, window().Top() + Top() + y);
+    from_user("DoubleClick", own_.on_double_click);
+}
+
+} // namespace tessit

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// An owning reference that may be nil. Using it while it is nil is the runtime's nil-object fault.
+#pragma once
+
+#include "platform/fault.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace tessit {
+
+template <class T> class Ref {
+public:
+    Ref() = default;
+    Ref(std::unique_ptr<T> object) : object_(std::move(object)) {}
+
+    // Nil, with what the fault says when it is used all the same.
+    static Ref nil(std::string reason) {
+        Ref ref;
+        ref.nil_reason_ = std::move(reason);
+        return ref;
+    }
+
+    bool is_nil() const { return object_ == nullptr; }
+    T* operator->() const { return &get(); }
+    T& operator*() const { return get(); }
+
+    T& get() const {
+        if (object_ == nullptr) {
+            throw Fault(FaultKind::nil_object, nil_reason_);
+        }
+        return *object_;
+    }
+
+private:
+    std::unique_ptr<T> object_;
+    std::string nil_reason_ = "An object that does not exist was used.";
+};
+
+} // namespace tessit
