@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+// App's two ways between the table in front and the register image.
+#include "codec/decoder.h"
+#include "codec/encoder.h"
+#include "core/app.h"
+#include "core/document_window.h"
+#include "core/popup_window.h"
+#include "editor/edit_window.h"
+
+namespace tessit {
+
+void App::datareset() {
+    reset();
+    row = 0;
+}
+
+void App::load_data_array() {
+    datareset();
+    popupwindow->statusField.SetText("loading data registers");
+    popupwindow->Show();
+    auto& progress = popupwindow->ProgressBar1;
+    progress.SetValue(1);
+    DocumentWindow* document = front_document();
+    const int last_row = document == nullptr ? 0 : document->last_level_row();
+    for (int level_row = 1; level_row <= last_row; ++level_row) {
+        const EncodingRules rules = document->encoding_rules();
+        const LevelCells cells = cells_of(document->level_table(), level_row);
+        if (rules.blank_rows == BlankRows::skipped && same_text(cells[column::waveform], "blank")) {
+            continue;
+        }
+        if (encode_level(*this, level_row, cells, rules) == EncodingResult::too_many_decimals) {
+            for (int beep = 0; beep < 3; ++beep) {
+                Beep();
+            }
+            return MsgBox("too many decimals entered", DialogIcon::stop); // the notice stays up
+        }
+        progress.SetValue(progress.Value() + 1);
+        progress.Refresh();
+    }
+    popupwindow->Hide();
+}
+
+void App::displaydata(std::int32_t image_level) {
+    Listbox& table = editwindow->edit_displayBox;
+    int target = row;
+    if (!insert) {
+        table.AddRow(Str(table.ListCount()));
+        target = table.ListCount() - 1;
+    }
+    const DecodedLevel decoded =
+        decode_level(bytes(image_level), {.time_form = time_form_of(default_timeformat),
+                                          .mark = use_euro ? DecimalMark::comma : DecimalMark::point});
+    for (int i = 0; i < column::count; ++i) {
+        if (const auto& text = decoded.cells[static_cast<std::size_t>(i)]) {
+            table.SetCell(target, i, *text);
+        }
+    }
+    editwindow->add_to_totals(decoded);
+    insert = false;
+}
+
+} // namespace tessit

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "core/app.h"
+
+#include "core/main_window.h"
+#include "core/menus.h"
+#include "core/number.h"
+#include "core/popup_window.h"
+#include "editor/edit_window.h"
+#include "platform/text.h"
+
+namespace tessit {
+
+App::App(Desktop& desktop, const Version& program_version) : Application(desktop, program_version, make_menu_bar()) {}
+
+void App::start() {
+    _ApplicationAddMenuHandlers();
+    from_user("App.start", [this] { Window1.get(); });
+}
+
+float App::strintR(const std::string& text) {
+    chrarray = characters(text);
+    return read_number(chrarray);
+}
+
+DocumentWindow* App::front_document() {
+    return myactivewindow == document::editor ? &editwindow.get() : nullptr;
+}
+
+void App::save_settings_and_quit() {
+    guarded("App.savesettings", [this] { savesettings(); });
+    Quit();
+}
+
+bool App::_FileExitProgram_Action() {
+    save_settings_and_quit();
+    return true;
+}
+
+void App::show_main_window() {
+    Window1->Show();
+}
+
+void App::fault_caught() {
+    if (popupwindow.exists()) {
+        popupwindow->Hide();
+    }
+}
+
+} // namespace tessit

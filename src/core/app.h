@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+// The application object: all shared state (app_state.h), all windows, and the methods that carry the program's
+// logic. A method is defined in the folder of its subject.
+#pragma once
+
+#include "core/app_state.h"
+#include "platform/application.h"
+
+#include <string>
+
+namespace tessit {
+
+class DocumentWindow;
+class EditWindow;
+class LoadDirectWindow;
+class LoadZephonWindow;
+class MainWindow;
+class PopupWindow;
+class SettingsWindow;
+
+class App : public Application, public AppState {
+public:
+    template <class W> using Instance = ImplicitWindow<App, W>;
+
+    App(Desktop& desktop, const Version& version);
+    ~App() override { free_windows(); }
+
+    // core: start and end, the number reader, the menus.
+    void start(); // the entry's steps: binds the menu commands and opens Window1
+    float strintR(const std::string& text);
+    bool getrts() { return false; }
+    DocumentWindow* front_document(); // by myactivewindow; null where no table can be encoded
+    void save_settings_and_quit();    // a fault in the saving is shown and does not keep the program running
+
+    Instance<MainWindow> Window1{*this};
+    Instance<PopupWindow> popupwindow{*this};
+
+    // codec: the table to and from the register image.
+    void datareset();
+    void load_data_array();
+    void displaydata(std::int32_t level);
+
+    // files: protocol and settings files.
+    void loaddata(const std::optional<FolderItem>& file);
+    void writefile(Ref<BinaryOutputStream>& stream);
+    void writezpFile();
+    std::optional<FolderItem> FSaveAs();
+    void savesettings();
+    bool _FileCreateNewFile_Action();
+    bool _FileOpen_Action();
+    bool _FileSave_Action();
+    bool _FileQuitEditor_Action();
+    bool _FileExitProgram_Action();
+    bool _SettingsSaveSettings_Action();
+
+    // editor: level entry.
+    void Update_display();
+
+    Instance<EditWindow> editwindow{*this};
+
+    // device: serial settings and the transfers.
+    void sendzephon();
+    bool _SettingsSetSerialPort_Action();
+    bool _ZephonLoadDirect_Action();
+    bool _ZephonLoadFromFile_Action();
+
+    Instance<SettingsWindow> settings_window{*this};
+    Instance<LoadDirectWindow> load_direct_window{*this};
+    Instance<LoadZephonWindow> loadzephonWindow{*this};
+
+protected:
+    void show_main_window() override;
+    void fault_caught() override; // the progress notice must not outlive the command that raised it
+
+private:
+    void _ApplicationAddMenuHandlers();
+};
+
+} // namespace tessit

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+// The seam through which shared commands work on the document window in front, whichever it is.
+#pragma once
+
+#include "codec/encoder.h"
+#include "platform/listbox.h"
+
+namespace tessit {
+
+class DocumentWindow {
+public:
+    virtual ~DocumentWindow() = default;
+
+    virtual const Listbox& level_table() = 0;
+    virtual int last_level_row() = 0;           // levels are rows 1 to this one
+    virtual EncodingRules encoding_rules() = 0; // how this window's texts become bytes
+};
+
+} // namespace tessit

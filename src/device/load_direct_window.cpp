@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "device/load_direct_window.h"
+
+#include "core/main_window.h"
+#include "device/settings_window.h"
+#include "device/wire.h"
+#include "editor/edit_window.h"
+
+namespace tessit {
+
+void LoadDirectWindow::bank_bt1_Change() {
+    bank_bt_hi = bank_bt1.ListIndex();
+    LoadButton.SetEnabled(true);
+}
+
+void LoadDirectWindow::bank_bt0_Change() {
+    bank_bt_lo = bank_bt0.ListIndex();
+    LoadButton.SetEnabled(true);
+}
+
+void LoadDirectWindow::LoadButton_Action() {
+    const int bank = bank_of(bank_bt1, bank_bt0);
+    if (bank == 0) {
+        return app.MsgBox(bank_zero_message);
+    }
+    if (bank > wire::banks) {
+        return app.MsgBox(bank_too_high_message("Bank", bank));
+    }
+    loadcompleted.SetVisible(false);
+    const auto question = ready_to_load_dialog(app.editwindow->namefield.Text(), bank_bt1, bank_bt0);
+    if (app.ShowModal(question) == DialogAnswer::cancel) {
+        return;
+    }
+    loadcompleted.SetVisible(false);
+    show_loading_notice(app);
+    send_to_bank(app, bank_of(bank_bt1, bank_bt0));
+}
+
+bool App::_ZephonLoadDirect_Action() {
+    loadfile = false;
+    load_data_array();
+    load_direct_window->Show();
+    if (!serialselected) {
+        MsgBox("No Serial Port Selected"); // and goes on
+    }
+    Serial& line = Window1->serial_port;
+    if (line.Open()) {
+        load_direct_window->connectField.SetText(connected_text(line));
+    }
+    load_direct_window->bank_bt0.SetEnabled(true);
+    load_direct_window->bank_bt1.SetEnabled(true);
+    return true;
+}
+
+} // namespace tessit

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "device/settings_window.h"
+
+#include "core/main_window.h"
+#include "core/menus.h"
+
+namespace tessit {
+
+namespace {
+
+constexpr int choosable_ports = 4; // the others are listed, and choosing them leaves the port as it was
+
+} // namespace
+
+void SettingsWindow::Event_Open() {
+    list_ports();
+}
+
+void SettingsWindow::Event_Activate() {
+    list_ports();
+}
+
+void SettingsWindow::list_ports() {
+    ports = app.System.serial_ports();
+    std::vector<std::string> rows{Serial_box.List(0)};
+    for (const SerialPort& port : ports) {
+        rows.push_back(port.Name);
+    }
+    Serial_box.ReplaceRows(rows);
+}
+
+void SettingsWindow::Serial_box_Change() {
+    const int port = Serial_box.ListIndex() - 1;
+    if (port == -1) {
+        return app.MsgBox("No Port Selected");
+    }
+    Serial& line = app.Window1->serial_port;
+    if (port >= 0 && port < choosable_ports) {
+        line.SetSerialPort(ports[static_cast<std::size_t>(port)]);
+        app.portnum = port;
+    }
+    if (!line.Open()) {
+        return app.MsgBox("The Serial Port Could Not Be Opened");
+    }
+    set_up(line);
+    connectField.SetText(connected_text(line));
+    app.serialselected = true;
+}
+
+void SettingsWindow::set_up(Serial& line) {
+    line.SetDataTerminalReady(false);
+    line.SetDTR(false);
+    line.SetCTS(false);
+    line.SetBaud(19200);
+    line.SetBits(8);
+    line.SetParity(SerialParity::none);
+    line.SetStop(1);
+    line.SetXON(false);
+    line.SetRequestToSend(true);
+    line.Poll();
+}
+
+void SettingsWindow::Event_EnableMenuItems() {
+    enable_rules::settings_windows.apply(app.MenuBar1);
+}
+
+bool App::_SettingsSetSerialPort_Action() {
+    settings_window->Show();
+    return true;
+}
+
+} // namespace tessit

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// The rules of level entry as functions on texts: what a row's cells and the two totals are. Entry keeps the text
+// that the user typed; nothing becomes bytes here.
+#pragma once
+
+#include "core/clock_text.h"
+#include "platform/choice.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tessit {
+
+// Return, the keypad's Enter, and byte 76: compared without regard to case, so the letters L and l enter too.
+bool is_enter_key(std::string_view key);
+
+// Chooses the entry with this text, looking from `first` on; a text that is not there leaves the list as it was.
+void choose_text(PopupMenu& list, std::string_view text, int first = 0);
+
+// The waves in the order of `wave_box`.
+namespace wave_index {
+inline constexpr int single_frequency = 0;
+inline constexpr int spread_contracting = 1;
+inline constexpr int spread_expanding = 2;
+inline constexpr int sweep_increasing = 3;
+inline constexpr int sweep_decreasing = 4;
+} // namespace wave_index
+
+// "# Freqs." of a wave and width; empty for a wave text that is in no list (-1).
+std::string frequencies_text(int wave, int width);
+
+// The width that a row's wave and number of frequencies tell; none for a wave text that is in no list.
+std::optional<std::int32_t> width_index(std::string_view waveform, float frequencies);
+
+// Total time of a row in seconds: multiplied in single precision, then cut.
+std::int32_t total_seconds(float frequencies, float time);
+
+// Total time of a row from a time such as "1:20"; without a colon it counts as seconds, and empty as 0.
+ClockTime total_clock(float frequencies, const std::string& time);
+
+// What "Total Freqs." shows after each row, ending with the sum. No rows: nothing.
+std::optional<std::int32_t> bank_frequencies(std::int32_t start, const std::vector<float>& rows);
+
+// "Total Bank Time" from the Total Time cells of rows 1 on. The last row decides the form: plain seconds show the
+// seconds' sum alone, without the clock rows' hours and minutes. An empty cell is Fault out_of_bounds.
+std::string bank_time(const std::vector<std::string>& cells);
+
+} // namespace tessit

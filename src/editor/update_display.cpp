@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+// App::Update_display: what stands in the entry fields becomes a new row, or changes one.
+#include "core/app.h"
+#include "editor/edit_window.h"
+#include "editor/level_entry.h"
+#include "platform/text.h"
+
+namespace tessit {
+
+namespace {
+
+void fill_cells_before_total(EditWindow& w, int row) {
+    Listbox& table = w.edit_displayBox;
+    const int wave = w.wave_box.ListIndex();
+    table.SetCell(row, column::waveform, w.wave_box.Text());
+    table.SetCell(row, column::base, w.FreqField.Text());
+    table.SetCell(row, column::width, wave == wave_index::single_frequency ? "" : w.WidthMenu.Text());
+    table.SetCell(row, column::frequencies, frequencies_text(wave, w.WidthMenu.ListIndex()));
+    table.SetCell(row, column::time_each, w.time_field.Text());
+}
+
+void fill_cells_behind_total(EditWindow& w, int row) {
+    Listbox& table = w.edit_displayBox;
+    table.SetCell(row, column::pulse, w.PulseMenu.Text());
+    table.SetCell(row, column::rate, w.rate_field.Text());
+    table.SetCell(row, column::wave_shape, w.shape_box.Text());
+    table.SetCell(row, column::duty_cycle, w.DutyMenu.Text() + "%");
+    table.SetCell(row, column::output, w.output_box.Text());
+}
+
+// Column 6. Gives the seconds that the form of seconds leaves in the total variable, 0 in the clock form.
+std::int32_t fill_total(App& app, EditWindow& w, int row) {
+    Listbox& table = w.edit_displayBox;
+    const float frequencies = app.strintR(table.Cell(row, column::frequencies));
+    if (w.format_box.ListIndex() == 0) {
+        const std::int32_t seconds = total_seconds(frequencies, app.strintR(w.time_field.Text()));
+        table.SetCell(row, column::total_time, Str(seconds));
+        return seconds;
+    }
+    if (w.format_box.ListIndex() == 1) {
+        const std::string clock = format_clock(total_clock(frequencies, w.time_field.Text()));
+        table.SetCell(row, column::total_time, table.Cell(row, column::total_time) + clock);
+    }
+    return 0;
+}
+
+void show_bank_totals(App& app, EditWindow& w, std::int32_t frequencies_from) {
+    const Listbox& table = w.edit_displayBox;
+    std::vector<float> frequencies;
+    std::vector<std::string> times;
+    for (int row = 1; row < table.ListCount(); ++row) {
+        frequencies.push_back(app.strintR(table.Cell(row, column::frequencies)));
+        times.push_back(table.Cell(row, column::total_time));
+    }
+    if (const auto sum = bank_frequencies(frequencies_from, frequencies)) {
+        w.BankFreqField.SetText(Str(*sum));
+    }
+    w.BankTimeField.SetText("");
+    w.BankTimeField.SetText(bank_time(times));
+}
+
+void enter_new_level(App& app, EditWindow& w) {
+    Listbox& table = w.edit_displayBox;
+    if (table.ListCount() - 1 >= most_levels) {
+        return app.MsgBox("maximum 50 levels has been exceeded");
+    }
+    if (!IsNumeric(w.FreqField.Text(), app.use_euro ? DecimalMark::comma : DecimalMark::point)) {
+        return app.MsgBox("Invalid frequency entered");
+    }
+    int row = app.row;
+    if (!app.insert) {
+        table.AddRow(Str(table.ListCount()));
+        row = table.ListCount() - 1;
+    }
+    fill_cells_before_total(w, row);
+    fill_total(app, w, row);
+    fill_cells_behind_total(w, row);
+    show_bank_totals(app, w, 0);
+    w.level_field.SetText(Str(table.ListCount()));
+    table.SetScrollPosition(row - 10);
+    w.FreqField.SetText("");
+    app.insert = false;
+}
+
+// The entry fields from the last row, so that they show what the next level would inherit.
+void show_last_row(EditWindow& w) {
+    const Listbox& table = w.edit_displayBox;
+    const auto cell = [&](int index) { return table.Cell(table.ListCount() - 1, index); };
+    choose_text(w.wave_box, cell(column::waveform));
+    choose_text(w.WidthMenu, cell(column::width));
+    w.FreqField.SetText("");
+    w.time_field.SetText(cell(column::time_each));
+    choose_text(w.PulseMenu, cell(column::pulse));
+    w.rate_field.SetText(cell(column::rate));
+    choose_text(w.DutyMenu, cell(column::duty_cycle), 1);
+    choose_text(w.shape_box, cell(column::wave_shape));
+    choose_text(w.output_box, cell(column::output));
+}
+
+void change_level(App& app, EditWindow& w) {
+    const int row = app.row;
+    fill_cells_before_total(w, row);
+    if (w.format_box.ListIndex() == 1) {
+        w.edit_displayBox.SetCell(row, column::total_time, "");
+    }
+    const std::int32_t left_over = fill_total(app, w, row);
+    fill_cells_behind_total(w, row);
+    // The sum begins with what the total variable still holds, so in seconds it shows too much until the next level.
+    show_bank_totals(app, w, left_over);
+    w.FreqField.SetText("");
+    w.changelvlfield.SetVisible(false);
+    w.cancelbutton.SetVisible(false);
+    w.submitchange.SetVisible(false);
+    app.changelevel = false;
+    show_last_row(w);
+}
+
+} // namespace
+
+void App::Update_display() {
+    EditWindow& window = editwindow.get();
+    if (changelevel) {
+        change_level(*this, window);
+    } else {
+        enter_new_level(*this, window);
+    }
+}
+
+} // namespace tessit

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "files/protocol_file.h"
+
+#include "core/level_table.h"
+
+namespace tessit {
+
+namespace {
+
+constexpr std::uint8_t escape = 253;
+
+} // namespace
+
+FileType protocol_file_type_for_opening() {
+    return {.Name = "Zephon File", .MacType = "zp2", .Extensions = protocol_extension};
+}
+
+FileType protocol_file_type_for_saving() {
+    return {.Name = "Zephon File/zp2", .MacType = "zp2", .Extensions = protocol_extension};
+}
+
+void read_record(BinaryInputStream& stream, RegisterImage& image, int level) {
+    image.fbyte2[level] = stream.ReadByte();
+    if (image.fbyte2[level] == escape) {
+        image.fbyte2[level] = stream.ReadByte();
+    }
+    for (auto* bytes : {&image.fbyte1, &image.fbyte0, &image.db3, &image.timesec, &image.timemin, &image.db6,
+                        &image.dutycycle, &image.wpwidth, &image.pratehi, &image.pratelo}) {
+        (*bytes)[level] = stream.ReadByte();
+    }
+    image.errorchk[level] = stream.ReadInt8();
+}
+
+void write_protocol(BinaryOutputStream& stream, const RegisterImage& image, UnsetMark mark) {
+    const auto& marked = mark == UnsetMark::low_frequency_byte ? image.fbyte0 : image.fbyte2;
+    for (int level = 1; level <= most_levels; ++level) {
+        if (marked[level] != unset) {
+            for (const std::uint8_t byte : image.bytes(level)) {
+                stream.WriteInt8(byte);
+            }
+        }
+    }
+}
+
+MessageDialog unsaved_work_dialog(const std::string& what_is_unsaved) {
+    return {
+        .Message = what_is_unsaved + "\rDo you want to save it?",
+        .Explanation = "If you don't save, your changes will be lost",
+        .Icon = DialogIcon::caution,
+        .ActionButton = {"Save",       true},
+        .CancelButton = {"Cancel",     true},
+        .AlternateActionButton = {"Don't Save", true}
+    };
+}
+
+} // namespace tessit

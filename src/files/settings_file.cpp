@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "files/settings_file.h"
+
+#include "core/app.h"
+#include "core/number.h"
+#include "device/settings_window.h"
+#include "platform/text.h"
+
+namespace tessit {
+
+namespace {
+
+struct IntegerSetting {
+    const char* key;
+    std::int32_t AppState::*property;
+};
+
+struct TextSetting {
+    const char* key;
+    std::string AppState::*property;
+};
+
+constexpr const char* serial_port_key = "serial port";
+constexpr const char* use_euro_key = "use_euro";
+
+constexpr IntegerSetting list_settings[] = {
+    {"dutycycle", &AppState::defaultduty  },
+    {"output",    &AppState::defaultoutput},
+    {"pulse",     &AppState::defaultpulse },
+    {"shape",     &AppState::defaultshape },
+    {"wave",      &AppState::defaultwave  },
+    {"width",     &AppState::defaultwidth },
+};
+
+constexpr TextSetting text_settings[] = {
+    {"rate",       &AppState::default_rate      },
+    {"sf_time_ms", &AppState::default_sf_time_ms},
+    {"sf_time_s",  &AppState::default_sf_time_s },
+    {"wp_time_ms", &AppState::default_wp_time_ms},
+    {"wp_time_s",  &AppState::default_wp_time_s },
+};
+
+constexpr IntegerSetting time_format_setting = {"timeformat", &AppState::default_timeformat};
+
+std::int32_t integer(const std::string& text) {
+    return truncate(read_number(characters(text)));
+}
+
+void apply_use_euro(AppState& state, const std::string& value) {
+    if (same_text(value, "True")) {
+        state.use_euro = true;
+    } else if (same_text(value, "False")) {
+        state.use_euro = false;
+    }
+}
+
+std::string field(const char* key, const std::string& value) {
+    return std::string(key) + "," + value + ";";
+}
+
+} // namespace
+
+std::string first_run_settings(const std::string& program_folder) {
+    return "serial port,X,filepath," + program_folder;
+}
+
+std::string settings_text(const AppState& state) {
+    std::string text = field(serial_port_key, Str(state.portnum));
+    for (const auto& setting : list_settings) {
+        text += field(setting.key, Str(state.*setting.property));
+    }
+    for (const auto& setting : text_settings) {
+        text += field(setting.key, state.*setting.property);
+    }
+    text += field(time_format_setting.key, Str(state.*time_format_setting.property));
+    return text + field(use_euro_key, state.use_euro ? "True" : "False");
+}
+
+SettingEffect apply_setting(AppState& state, const Array<std::string>& items) {
+    const std::string& key = items[0];
+    if (same_text(key, serial_port_key)) {
+        state.portnum = integer(items[1]);
+        return SettingEffect::serial_port_chosen;
+    }
+    for (const auto& setting : list_settings) {
+        if (same_text(key, setting.key)) {
+            state.*setting.property = integer(items[1]);
+        }
+    }
+    for (const auto& setting : text_settings) {
+        if (same_text(key, setting.key)) {
+            state.*setting.property = items[1];
+        }
+    }
+    if (same_text(key, time_format_setting.key)) {
+        state.*time_format_setting.property = integer(items[1]);
+    }
+    if (same_text(key, use_euro_key)) {
+        apply_use_euro(state, items[1]);
+    }
+    return SettingEffect::none;
+}
+
+void App::savesettings() {
+    settings_window.Close();
+    const FolderItem folder = GetFolderItem("");
+    settings_window->outputfield.SetText("serial port," + Str(portnum));
+    if (!filepath) {
+        return; // an open dialog was dismissed: nothing is saved, and nothing said
+    }
+    if (folder.Exists()) {
+        auto stream = GetFolderItem(settings_file_name).CreateTextFile();
+        stream->WriteLine(settings_text(*this));
+        stream->Close();
+    }
+}
+
+bool App::_SettingsSaveSettings_Action() {
+    savesettings();
+    return true;
+}
+
+} // namespace tessit
