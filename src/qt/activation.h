@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+// Keeps the model's front window and the window system's active window the same. Both may move first; while a handler
+// runs nothing is passed to the model, and what the window system says of a window that the program has just
+// overtaken is not believed.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QTimer>
+
+namespace tessit::qt {
+
+class WindowWidget;
+
+class Activation : public QObject {
+public:
+    Activation();
+
+    void bring_to_front(WindowWidget& window); // the program's wish
+    void window_system_changed();              // some window was activated
+    void event_ended() { window_system_changed(); }
+
+private:
+    void pass_on();
+    bool expected_still_to_come(const WindowWidget& active) const;
+
+    QTimer pass_on_timer_;
+    QPointer<QWidget> expected_; // the program's wish, until the window system has fulfilled it
+    QElapsedTimer since_wish_;
+    bool passing_on_ = false;
+};
+
+} // namespace tessit::qt

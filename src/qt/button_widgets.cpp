@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "qt/button_widgets.h"
+
+#include "qt/widget_text.h"
+
+namespace tessit::qt {
+
+namespace {
+
+// Qt's groups give the arrow keys their meaning; which button is on is the model's to say.
+QButtonGroup& group_in(QWidget& parent, int number) {
+    const QString name = QStringLiteral("radio_group_%1").arg(number);
+    auto* group = parent.findChild<QButtonGroup*>(name, Qt::FindDirectChildrenOnly);
+    if (group == nullptr) {
+        group = new QButtonGroup(&parent);
+        group->setObjectName(name);
+    }
+    return *group;
+}
+
+} // namespace
+
+PushButtonWidget::PushButtonWidget(PushButton& button, QWidget& parent)
+    : ControlWidget(button, *new QPushButton(&parent)), button_(button), widget_(static_cast<QPushButton&>(widget())) {
+    widget_.setAutoDefault(true); // Return clicks it while it has the focus
+    set_text_size(button.own().text_size);
+    connect(&widget_, &QPushButton::clicked, this, [this] { tell([this] { button_.click(); }); });
+}
+
+QSize PushButtonWidget::needed_size() const {
+    constexpr int side_margins = 16; // the style's own hint asks for far more than a button's text needs
+    const QFontMetrics metrics(widget_.font());
+    return {metrics.horizontalAdvance(to_widget(button_.Caption())) + side_margins, metrics.height() + 6};
+}
+
+void PushButtonWidget::show_values() {
+    widget_.setText(to_caption(button_.Caption()));
+}
+
+RadioButtonWidget::RadioButtonWidget(RadioButton& button, QWidget& parent)
+    : ControlWidget(button, *new QRadioButton(&parent)), button_(button), widget_(static_cast<QRadioButton&>(widget())),
+      group_(group_in(parent, button.own().group)) {
+    group_.addButton(&widget_);
+    connect(&widget_, &QRadioButton::clicked, this, [this] { tell([this] { button_.click(); }); });
+}
+
+void RadioButtonWidget::show_values() {
+    widget_.setText(to_caption(button_.own().caption));
+    if (widget_.isChecked() != button_.Value()) {
+        group_.setExclusive(false); // an exclusive group never lets its last button go off
+        widget_.setChecked(button_.Value());
+        group_.setExclusive(true);
+    }
+}
+
+} // namespace tessit::qt

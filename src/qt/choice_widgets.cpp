@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#include "qt/choice_widgets.h"
+
+#include "qt/widget_text.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+
+namespace tessit::qt {
+
+PopupMenuWidget::PopupMenuWidget(PopupMenu& menu, QWidget& parent)
+    : ControlWidget(menu, *new QComboBox(&parent)), menu_(menu), box_(static_cast<QComboBox&>(widget())) {
+    box_.setInsertPolicy(QComboBox::NoInsert);
+    box_.setFocusPolicy(Qt::StrongFocus);
+    box_.setMaxVisibleItems(20);
+    box_.installEventFilter(this);
+    connect(&box_, &QComboBox::currentIndexChanged, this, [this](int index) { tell([&] { menu_.choose(index); }); });
+}
+
+QSize PopupMenuWidget::needed_size() const {
+    return box_.sizeHint();
+}
+
+// Turning the wheel to scroll the window must not change a value on the way.
+bool PopupMenuWidget::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::Wheel && !box_.hasFocus()) {
+        event->ignore();
+        return true;
+    }
+    return false;
+}
+
+void PopupMenuWidget::show_values() {
+    show_items();
+    if (box_.currentIndex() != menu_.ListIndex()) {
+        box_.setCurrentIndex(menu_.ListIndex());
+    }
+}
+
+void PopupMenuWidget::show_items() {
+    QStringList items;
+    for (int index = 0; index < menu_.ListCount(); ++index) {
+        items.append(to_widget(menu_.List(index)));
+    }
+    bool same = items.size() == box_.count();
+    for (int index = 0; same && index < box_.count(); ++index) {
+        same = box_.itemText(index) == items[index];
+    }
+    if (!same) {
+        box_.clear();
+        box_.addItems(items);
+    }
+}
+
+ComboBoxWidget::ComboBoxWidget(ComboBox& combo, QWidget& parent) : PopupMenuWidget(combo, parent), combo_(combo) {
+    box().setEditable(true);
+    box().setCompleter(nullptr);
+    QLineEdit* edit = box().lineEdit();
+    edit->setObjectName(box().objectName() + QLatin1String("_text"));
+    edit->setAccessibleName(box().accessibleName());
+    edit->installEventFilter(this);
+    // Qt would replace the typed text by an item that differs in case alone.
+    disconnect(edit, SIGNAL(editingFinished()), &box(), nullptr);
+    disconnect(edit, SIGNAL(returnPressed()), &box(), nullptr);
+    connect(&box(), &QComboBox::editTextChanged, this, [this](const QString& text) { text_changed(text); });
+}
+
+void ComboBoxWidget::text_changed(const QString& text) {
+    if (is_quiet()) {
+        return;
+    }
+    const int current = box().currentIndex();
+    if (current >= 0 && box().itemText(current) == text) {
+        tell([&] { combo_.choose(current); });
+    } else if (box().lineEdit()->hasFocus()) {
+        typing_ = true;
+    } else {
+        tell([&] { combo_.edit(to_model(text)); });
+    }
+}
+
+void ComboBoxWidget::finish_typing() {
+    if (typing_) {
+        typing_ = false;
+        tell([text = to_model(box().currentText()), this] { combo_.edit(text); });
+    }
+}
+
+bool ComboBoxWidget::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        const bool finishes = key == Qt::Key_Return || key == Qt::Key_Enter;
+        if (finishes) {
+            finish_typing();
+        }
+        return finishes;
+    }
+    if (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide) {
+        finish_typing();
+    }
+    return PopupMenuWidget::eventFilter(watched, event);
+}
+
+void ComboBoxWidget::show_values() {
+    typing_ = false;
+    PopupMenuWidget::show_values();
+    const QString text = to_widget(combo_.Text());
+    if (box().currentText() != text) {
+        box().setEditText(text);
+    }
+}
+
+} // namespace tessit::qt

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "qt/control_widget.h"
+
+#include "qt/widget_text.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QThread>
+#include <QWindow>
+
+namespace tessit::qt {
+
+ControlWidget::ControlWidget(Control& control, QWidget& widget)
+    : control_(&control), design_(control.design()), widget_(widget) {
+    control.attach(this);
+    widget.setObjectName(to_widget(control.name()));
+    widget.setToolTip(to_widget(design_.help_tag).toHtmlEscaped());
+    if (*design_.label != '\0') {
+        widget.setAccessibleName(to_widget(design_.label));
+    }
+    if (*design_.help_tag != '\0') {
+        widget.setAccessibleDescription(to_widget(design_.help_tag));
+    }
+}
+
+void ControlWidget::detach() {
+    if (control_ != nullptr) {
+        control_->attach(nullptr);
+        control_ = nullptr;
+    }
+}
+
+void ControlWidget::refresh() {
+    if (attached()) {
+        quietly([this] {
+            show_state();
+            show_values();
+        });
+    }
+}
+
+void ControlWidget::quietly(const std::function<void()>& change) {
+    struct Quiet {
+        int& count;
+        explicit Quiet(int& counter) : count(counter) { ++count; }
+        ~Quiet() { --count; }
+    } quiet{quiet_};
+    change();
+}
+
+void ControlWidget::show_state() {
+    widget_.setEnabled(control_->Enabled());
+    if (widget_.isHidden() == control_->Visible()) {
+        widget_.setVisible(control_->Visible());
+    }
+}
+
+void ControlWidget::repaint_now() {
+    refresh();
+    paint_at_once(*widget_.window());
+}
+
+void ControlWidget::take_focus() {
+    widget_.setFocus(Qt::OtherFocusReason);
+}
+
+void ControlWidget::tell(const std::function<void()>& door) {
+    if (attached() && quiet_ == 0) {
+        door();
+        refresh();
+    }
+}
+
+void ControlWidget::set_text_size(int points) {
+    if (points > 0) {
+        QFont font = widget_.font();
+        font.setPixelSize(points);
+        widget_.setFont(font);
+    }
+}
+
+void paint_at_once(QWidget& window) {
+    if (!window.isVisible()) {
+        return;
+    }
+    const QDeadlineTimer limit(500);
+    while (window.windowHandle() != nullptr && !window.windowHandle()->isExposed() && !limit.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QThread::usleep(500);
+    }
+    window.repaint();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+} // namespace tessit::qt

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "qt/dialogs.h"
+
+#include "qt/widget_text.h"
+
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace tessit::qt {
+
+namespace {
+
+int shown = 0;
+constexpr auto program_title = "Tessit Control";
+
+QMessageBox::Icon icon_of(DialogIcon icon) {
+    switch (icon) {
+    case DialogIcon::note:
+        return QMessageBox::Information;
+    case DialogIcon::caution:
+        return QMessageBox::Warning;
+    case DialogIcon::stop:
+        return QMessageBox::Critical;
+    case DialogIcon::question:
+        return QMessageBox::Question;
+    default:
+        return QMessageBox::NoIcon;
+    }
+}
+
+QPushButton* add_button(QMessageBox& box, const DialogButton& button, QMessageBox::ButtonRole role, const char* name) {
+    if (!button.Visible) {
+        return nullptr;
+    }
+    QPushButton* added = box.addButton(to_caption(button.Caption), role);
+    added->setObjectName(QLatin1String(name));
+    return added;
+}
+
+void set_texts(QMessageBox& box, const std::string& message, const std::string& explanation) {
+    box.setTextFormat(Qt::PlainText);
+    box.setText(to_widget(message));
+    box.setInformativeText(to_widget(explanation));
+    for (auto* label : box.findChildren<QLabel*>()) { // the box's own format holds for the message alone
+        label->setTextFormat(Qt::PlainText);
+    }
+}
+
+QString filter_of(const FileType& type) {
+    return to_widget(type.Name) + QLatin1String(" (*") + to_widget(type.Extensions) + QLatin1Char(')');
+}
+
+void prepare(QFileDialog& dialog, const FileRequest& request) {
+    dialog.setOption(QFileDialog::DontUseNativeDialog); // alike everywhere, and its suffix rules are known
+    dialog.setDirectory(QFile::decodeName(request.start_folder.path().c_str()));
+    dialog.setNameFilter(filter_of(request.type));
+}
+
+std::optional<FolderItem> chosen_in(QFileDialog& dialog) {
+    ++shown;
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        return std::nullopt;
+    }
+    return FolderItem(QFile::encodeName(dialog.selectedFiles().front()).toStdString());
+}
+
+} // namespace
+
+DialogAnswer show_dialog(QWidget* parent, const MessageDialog& dialog) {
+    QMessageBox box(parent);
+    box.setObjectName(QStringLiteral("message_dialog"));
+    box.setWindowTitle(QLatin1String(program_title));
+    box.setIcon(icon_of(dialog.Icon));
+    set_texts(box, dialog.Message, dialog.Explanation);
+    QPushButton* action = add_button(box, dialog.ActionButton, QMessageBox::AcceptRole, "ActionButton");
+    QPushButton* cancel = add_button(box, dialog.CancelButton, QMessageBox::RejectRole, "CancelButton");
+    QPushButton* alternate =
+        add_button(box, dialog.AlternateActionButton, QMessageBox::DestructiveRole, "AlternateActionButton");
+    if (action != nullptr) {
+        box.setDefaultButton(action);
+    }
+    if (cancel != nullptr) {
+        box.setEscapeButton(cancel);
+    }
+    ++shown;
+    box.exec();
+    const QAbstractButton* answer = box.clickedButton();
+    if (answer != nullptr && answer == alternate) {
+        return DialogAnswer::alternate;
+    }
+    return answer != nullptr && answer == cancel ? DialogAnswer::cancel : DialogAnswer::action;
+}
+
+void show_fault(QWidget* parent, const FaultReport& report) {
+    QMessageBox box(parent);
+    box.setObjectName(QStringLiteral("fault_report"));
+    box.setWindowTitle(QLatin1String(program_title));
+    box.setIcon(QMessageBox::Critical);
+    const std::string place = report.handler.empty() ? "" : "\rIn: " + report.handler;
+    set_texts(box, "The command could not be finished.",
+              report.what + place + "\r\rOpen documents are kept as they are.");
+    box.addButton(QMessageBox::Ok);
+    ++shown;
+    box.exec();
+}
+
+std::optional<FolderItem> choose_open_file(QWidget* parent, const FileRequest& request) {
+    QFileDialog dialog(parent, QFileDialog::tr("Open"));
+    dialog.setObjectName(QStringLiteral("open_dialog"));
+    prepare(dialog, request);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return chosen_in(dialog);
+}
+
+std::optional<FolderItem> choose_save_file(QWidget* parent, const FileRequest& request) {
+    QFileDialog dialog(parent, QFileDialog::tr("Save"));
+    dialog.setObjectName(QStringLiteral("save_dialog"));
+    prepare(dialog, request);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    const QString suffix = to_widget(request.type.Extensions);
+    dialog.setDefaultSuffix(suffix.startsWith(QLatin1Char('.')) ? suffix.mid(1) : suffix);
+    dialog.selectFile(harmless_file_name(request.default_name));
+    return chosen_in(dialog);
+}
+
+QString harmless_file_name(const std::string& name) {
+    QString result = to_widget(name);
+    for (QChar& character : result) {
+        if (character == QLatin1Char('/') || character == QLatin1Char('\\') || character.unicode() < 0x20) {
+            character = QLatin1Char('-');
+        }
+    }
+    return result;
+}
+
+int dialogs_shown() {
+    return shown;
+}
+
+} // namespace tessit::qt

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+#include "qt/edit_field_widget.h"
+
+#include "platform/text.h"
+#include "qt/dialogs.h"
+#include "qt/look.h"
+#include "qt/widget_text.h"
+
+#include <QAbstractButton>
+#include <QFocusEvent>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QTimer>
+#include <algorithm>
+
+namespace tessit::qt {
+
+namespace {
+
+Qt::Alignment alignment_of(Align align) {
+    switch (align) {
+    case Align::center:
+        return Qt::AlignHCenter;
+    case Align::right:
+        return Qt::AlignRight;
+    default:
+        return Qt::AlignLeft;
+    }
+}
+
+// Shortcuts are no typing: Ctrl+C carries the text "\x03", which is also the keypad's Enter. Where AltGr arrives as
+// Ctrl+Alt its characters are typed ones.
+bool is_shortcut(const QKeyEvent& event) {
+    const auto modifiers = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (modifiers == (Qt::ControlModifier | Qt::AltModifier)) {
+        return event.text().isEmpty() || !event.text().front().isPrint();
+    }
+    return modifiers != Qt::NoModifier;
+}
+
+std::string key_text(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Return:
+        return ChrB(keys::return_);
+    case Qt::Key_Enter:
+        return ChrB(keys::enter);
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return "";
+    default:
+        return is_shortcut(event) ? "" : event.text().toStdString();
+    }
+}
+
+// A button that was pressed to leave the field does not see its release when the field's handler showed a dialog.
+void release_stuck_buttons(QWidget& window) {
+    QTimer::singleShot(0, &window, [&window] {
+        if (QGuiApplication::mouseButtons() == Qt::NoButton) {
+            for (auto* button : window.findChildren<QAbstractButton*>()) {
+                button->setDown(false);
+            }
+        }
+    });
+}
+
+} // namespace
+
+FieldWidget::FieldWidget(EditField& field, QWidget& widget) : ControlWidget(field, widget), field_(field) {
+    set_text_size(field.own().text_size);
+    widget.installEventFilter(this);
+    show_colors();
+}
+
+bool FieldWidget::eventFilter(QObject*, QEvent* event) {
+    if (!attached()) {
+        return false;
+    }
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        return key_used_up(static_cast<const QKeyEvent&>(*event));
+    case QEvent::InputMethod:
+        return commit_used_up(static_cast<const QInputMethodEvent&>(*event));
+    case QEvent::ApplicationPaletteChange:
+        show_colors();
+        return false;
+    case QEvent::FocusOut: {
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+            reason != Qt::MenuBarFocusReason) {
+            left();
+        }
+        return false;
+    }
+    default:
+        return false;
+    }
+}
+
+bool FieldWidget::key_used_up(const QKeyEvent& event) {
+    const bool with_keys = (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+    const bool enters = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    return !(enters && with_keys) && used_up(key_text(event));
+}
+
+// Input methods deliver finished text without key presses.
+bool FieldWidget::commit_used_up(const QInputMethodEvent& event) {
+    bool all_used_up = !event.commitString().isEmpty();
+    for (const std::string& character : characters(event.commitString().toStdString())) {
+        all_used_up = used_up(character) && all_used_up;
+    }
+    return all_used_up;
+}
+
+bool FieldWidget::used_up(const std::string& key) {
+    bool result = false;
+    if (!key.empty()) {
+        tell([&] { result = field_.key_down(key); });
+    }
+    return result || !attached();
+}
+
+void FieldWidget::left() {
+    const int dialogs_before = dialogs_shown();
+    tell([this] { field_.leave(); });
+    if (dialogs_shown() != dialogs_before) {
+        release_stuck_buttons(*widget().window());
+    }
+}
+
+void FieldWidget::edited(const QString& text) {
+    tell([&] { field_.edit(to_model(text)); });
+}
+
+void FieldWidget::show_colors() {
+    if (field_.own().back_color != EditFieldDesign{}.back_color) {
+        widget().setPalette(field_palette(field_.own().back_color));
+    }
+}
+
+LineFieldWidget::LineFieldWidget(EditField& field, QWidget& parent)
+    : FieldWidget(field, *new QLineEdit(&parent)), edit_(static_cast<QLineEdit&>(widget())) {
+    edit_.setAlignment(alignment_of(field.own().align) | Qt::AlignVCenter);
+    edit_.setReadOnly(field.own().read_only);
+    connect(&edit_, &QLineEdit::textChanged, this, [this](const QString& text) { edited(text); });
+}
+
+int LineFieldWidget::halves_to_the_left() const {
+    return 1;
+}
+
+void LineFieldWidget::show_values() {
+    const QString text = to_widget(field().Text());
+    if (edit_.text() == text) {
+        return;
+    }
+    if (field().own().limit_text > 0) { // the limit is the user's alone, but the widget would cut the program's text
+        edit_.setMaxLength(std::max(field().own().limit_text, static_cast<int>(text.size())));
+    }
+    edit_.setText(text);
+    if (!edit_.hasFocus()) {
+        edit_.setCursorPosition(0);
+    }
+}
+
+TextFieldWidget::TextFieldWidget(EditField& field, QWidget& parent)
+    : FieldWidget(field, *new QPlainTextEdit(&parent)), edit_(static_cast<QPlainTextEdit&>(widget())) {
+    edit_.setTabChangesFocus(true);
+    edit_.setReadOnly(field.own().read_only);
+    QTextOption option = edit_.document()->defaultTextOption();
+    option.setAlignment(alignment_of(field.own().align));
+    edit_.document()->setDefaultTextOption(option);
+    connect(&edit_, &QPlainTextEdit::textChanged, this, [this] { edited(edit_.toPlainText()); });
+}
+
+void TextFieldWidget::show_values() {
+    const QString text = to_widget(field().Text());
+    if (edit_.toPlainText() != text) {
+        edit_.setPlainText(text);
+    }
+}
+
+} // namespace tessit::qt

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+// An EditField as a line edit, or as a text edit where it has several lines. Keys are offered to the model before
+// the widget gets them.
+#pragma once
+
+#include "platform/edit_field.h"
+#include "qt/control_widget.h"
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+class QInputMethodEvent;
+class QKeyEvent;
+
+namespace tessit::qt {
+
+class FieldWidget : public ControlWidget {
+public:
+    FieldWidget(EditField& field, QWidget& widget);
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+protected:
+    EditField& field() const { return field_; }
+    void edited(const QString& text);
+
+private:
+    bool key_used_up(const QKeyEvent& event);
+    bool commit_used_up(const QInputMethodEvent& event);
+    bool used_up(const std::string& key);
+    void left();
+    void show_colors();
+
+    EditField& field_;
+};
+
+class LineFieldWidget : public FieldWidget {
+public:
+    LineFieldWidget(EditField& field, QWidget& parent);
+    int halves_to_the_left() const override;
+
+private:
+    void show_values() override;
+
+    QLineEdit& edit_;
+};
+
+class TextFieldWidget : public FieldWidget {
+public:
+    TextFieldWidget(EditField& field, QWidget& parent);
+
+private:
+    void show_values() override;
+
+    QPlainTextEdit& edit_;
+};
+
+} // namespace tessit::qt

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+// The program's picture, drawn: a sine wave running into a square wave on a rounded tile.
+#pragma once
+
+#include <QPixmap>
+
+namespace tessit::qt {
+
+// `size` in logical pixels; the tile is the largest square in its middle.
+QPixmap logo(QSize size, qreal device_pixel_ratio);
+
+} // namespace tessit::qt

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "qt/look.h"
+
+#include <QGuiApplication>
+#include <cmath>
+
+namespace tessit::qt {
+
+namespace {
+
+double luminance(const QColor& color) { // relative, as the accessibility guidelines define it
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+QColor between(const QColor& from, const QColor& to, double part) {
+    const auto mixed = [&](int a, int b) { return static_cast<int>(std::lround(a + (b - a) * part)); };
+    return {mixed(from.red(), to.red()), mixed(from.green(), to.green()), mixed(from.blue(), to.blue())};
+}
+
+} // namespace
+
+// Places are in logical pixels, and so is the font: it grows with the screen's scale as they do.
+QFont application_font() {
+    QFont font;
+    font.setFamilies({"Liberation Sans", "Arial", "Helvetica", "DejaVu Sans"});
+    font.setPixelSize(12);
+    return font;
+}
+
+bool is_dark(const QPalette& palette) {
+    return luminance(palette.color(QPalette::Window)) < luminance(palette.color(QPalette::WindowText));
+}
+
+QColor readable_on(const QColor& background) {
+    const double light = luminance(background) + 0.05;
+    return 1.05 / light > light / 0.05 ? Qt::white : Qt::black;
+}
+
+QPalette window_palette(Color designed) {
+    QPalette palette = QGuiApplication::palette();
+    if (!is_dark(palette)) {
+        palette.setColor(QPalette::Window, QColor(designed.rgb));
+        palette.setColor(QPalette::WindowText, readable_on(designed.rgb));
+    }
+    const QColor faint = between(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.5);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, faint);
+    }
+    return palette;
+}
+
+QPalette field_palette(Color background) {
+    QPalette palette = QGuiApplication::palette();
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        palette.setColor(group, QPalette::Base, QColor(background.rgb));
+        palette.setColor(group, QPalette::Text, readable_on(background.rgb));
+    }
+    return palette;
+}
+
+} // namespace tessit::qt

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include "qt/qt_desktop.h"
+
+#include "platform/application.h"
+#include "qt/dialogs.h"
+#include "qt/logo.h"
+#include "qt/look.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QIcon>
+#include <QStandardPaths>
+#include <exception>
+
+namespace tessit::qt {
+
+bool GuiApplication::notify(QObject* receiver, QEvent* event) {
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::exception& error) {
+        qCritical("An exception reached the event loop: %s", error.what());
+    } catch (...) {
+        qCritical("An unknown exception reached the event loop.");
+    }
+    return false;
+}
+
+QtDesktop::QtDesktop() : clock_([this] { repaint_uncovered(); }) {
+    QApplication::setFont(application_font());
+    QApplication::setQuitOnLastWindowClosed(false); // the program decides when it ends
+    QApplication::setWindowIcon(QIcon(logo({64, 64}, 2)));
+}
+
+QtDesktop::~QtDesktop() {
+    for (const auto& [window, widget] : widgets_) {
+        delete widget;
+    }
+}
+
+int QtDesktop::run() {
+    return quit_asked_ ? 0 : QApplication::exec();
+}
+
+FolderItem QtDesktop::program_folder() {
+    const QString beside_program = QCoreApplication::applicationDirPath();
+    if (QFileInfo(beside_program).isWritable()) {
+        return FolderItem(QFile::encodeName(beside_program).toStdString());
+    }
+    const QString own = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    QDir().mkpath(own);
+    return FolderItem(QFile::encodeName(own).toStdString());
+}
+
+DialogAnswer QtDesktop::show_dialog(const MessageDialog& dialog) {
+    return qt::show_dialog(active_widget(), dialog);
+}
+
+std::optional<FolderItem> QtDesktop::choose_open_file(const FileRequest& request) {
+    return qt::choose_open_file(active_widget(), request);
+}
+
+std::optional<FolderItem> QtDesktop::choose_save_file(const FileRequest& request) {
+    return qt::choose_save_file(active_widget(), request);
+}
+
+void QtDesktop::show_fault(const FaultReport& report) {
+    qt::show_fault(active_widget(), report);
+}
+
+void QtDesktop::Beep() {
+    QApplication::beep();
+}
+
+void QtDesktop::window_shown(Window& window) {
+    application_ = &window.application();
+    QPointer<WindowWidget>& widget = widgets_[&window];
+    if (widget == nullptr) {
+        widget = new WindowWidget(window, activation_);
+        widget->place_on_screen(active_widget());
+    }
+    activation_.bring_to_front(*widget);
+}
+
+void QtDesktop::window_hidden(Window& window) {
+    if (WindowWidget* widget = widget_of(window)) {
+        widget->hide();
+    }
+}
+
+void QtDesktop::window_closed(Window& window) {
+    if (WindowWidget* widget = widget_of(window)) {
+        widget->forget_model();
+    }
+    widgets_.erase(&window);
+}
+
+void QtDesktop::event_ended() {
+    activation_.event_ended();
+}
+
+// QApplication::quit would ask the windows, which never close by themselves.
+void QtDesktop::quit() {
+    quit_asked_ = true;
+    QCoreApplication::exit(0);
+}
+
+WindowWidget* QtDesktop::widget_of(const Window& window) const {
+    const auto found = widgets_.find(&window);
+    return found == widgets_.end() ? nullptr : found->second.data();
+}
+
+QWidget* QtDesktop::active_widget() const {
+    for (int index = 0; application_ != nullptr && index < application_->WindowCount(); ++index) {
+        WindowWidget* widget = widget_of(application_->Window(index));
+        if (widget != nullptr && widget->isVisible() && !widget->is_notice()) {
+            return widget;
+        }
+    }
+    return nullptr;
+}
+
+// A handler that waits for a device keeps the event loop waiting; windows that get uncovered meanwhile are painted.
+void QtDesktop::repaint_uncovered() {
+    if (application_ != nullptr && application_->busy()) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+}
+
+} // namespace tessit::qt

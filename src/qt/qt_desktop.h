@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// The desktop that Qt provides: windows, dialogs, clock, serial ports. Used as
+//   qt::GuiApplication gui(argc, argv); qt::QtDesktop desktop; App app(desktop, version); app.start();
+//   return desktop.run();
+// The desktop must outlive the program's application. It gets to know it when the first window is shown.
+#pragma once
+
+#include "platform/desktop.h"
+#include "qt/activation.h"
+#include "qt/qt_clock.h"
+#include "qt/qt_serial.h"
+#include "qt/window_widget.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <map>
+
+namespace tessit::qt {
+
+// A net below the borders that catch faults: what still gets here is reported and does not end the event loop.
+class GuiApplication : public QApplication {
+public:
+    using QApplication::QApplication;
+    bool notify(QObject* receiver, QEvent* event) override;
+};
+
+class QtDesktop : public Desktop {
+public:
+    QtDesktop();
+    ~QtDesktop() override;
+
+    int run(); // the event loop, until `quit`; at once when `quit` has been called before
+
+    Clock& clock() override { return clock_; }
+    SerialPorts& serial_ports() override { return serial_ports_; }
+    FolderItem program_folder() override; // the executable's when it can be written, else the user's own
+
+    DialogAnswer show_dialog(const MessageDialog& dialog) override;
+    std::optional<FolderItem> choose_open_file(const FileRequest& request) override;
+    std::optional<FolderItem> choose_save_file(const FileRequest& request) override;
+    void show_fault(const FaultReport& report) override;
+    void Beep() override;
+
+    void window_shown(Window& window) override;
+    void window_hidden(Window& window) override;
+    void window_closed(Window& window) override;
+    void event_ended() override;
+    void quit() override;
+
+    WindowWidget* widget_of(const Window& window) const; // null when it was never shown
+
+private:
+    QWidget* active_widget() const; // what dialogs belong to: the frontmost window to be seen
+    void repaint_uncovered();
+
+    Activation activation_;
+    QtClock clock_;
+    QtSerialPorts serial_ports_;
+    std::map<const Window*, QPointer<WindowWidget>> widgets_;
+    Application* application_ = nullptr;
+    bool quit_asked_ = false;
+};
+
+} // namespace tessit::qt

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include "qt/qt_serial.h"
+
+#include "platform/announced_ports.h"
+
+#include <QSerialPort>
+#include <QSerialPortInfo>
+#include <poll.h>
+
+namespace tessit::qt {
+
+namespace {
+
+QSerialPort::Parity parity_of(SerialParity parity) {
+    switch (parity) {
+    case SerialParity::odd:
+        return QSerialPort::OddParity;
+    case SerialParity::even:
+        return QSerialPort::EvenParity;
+    default:
+        return QSerialPort::NoParity;
+    }
+}
+
+QSerialPort::FlowControl flow_control_of(const SerialSettings& settings) {
+    if (settings.CTS) {
+        return QSerialPort::HardwareControl;
+    }
+    return settings.XON ? QSerialPort::SoftwareControl : QSerialPort::NoFlowControl;
+}
+
+class QtSerialLine : public SerialLine {
+public:
+    explicit QtSerialLine(const std::string& device) {
+        port_.setPortName(QString::fromStdString(device));
+        QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
+                         [this](QSerialPort::SerialPortError error) { failed(error); });
+    }
+
+    bool open(const SerialSettings& settings) {
+        if (port_.portName().isEmpty() || !port_.open(QIODevice::ReadWrite)) {
+            return false;
+        }
+        configure(settings);
+        reset(); // what arrived before the line was open is nobody's answer
+        return port_.isOpen();
+    }
+
+    bool alive() override {
+        close_if_hung_up();
+        return port_.isOpen();
+    }
+
+    void configure(const SerialSettings& settings) override {
+        if (!port_.isOpen()) {
+            return;
+        }
+        port_.setBaudRate(settings.Baud);
+        port_.setDataBits(static_cast<QSerialPort::DataBits>(settings.Bits));
+        port_.setParity(parity_of(settings.Parity));
+        port_.setStopBits(static_cast<QSerialPort::StopBits>(settings.Stop));
+        port_.setFlowControl(flow_control_of(settings));
+        if (!settings.DTR) {
+            port_.setDataTerminalReady(settings.DataTerminalReady);
+        }
+        if (!settings.CTS) {
+            port_.setRequestToSend(settings.RequestToSend);
+        }
+    }
+
+    void write(std::span<const std::uint8_t> bytes) override {
+        if (port_.isOpen()) {
+            port_.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+            flush();
+        }
+    }
+
+    std::vector<std::uint8_t> read(int count) override {
+        if (!port_.isOpen()) {
+            return {};
+        }
+        port_.waitForReadyRead(0);
+        const QByteArray bytes = port_.isOpen() ? port_.read(count) : QByteArray();
+        return {bytes.begin(), bytes.end()};
+    }
+
+    void flush() override {
+        if (port_.isOpen()) {
+            port_.flush();
+        }
+    }
+
+    void reset() override {
+        if (port_.isOpen()) {
+            port_.clear();
+        }
+    }
+
+private:
+    // The kind that Qt tells comes from an old errno, and a full buffer counts as a lost device there. So the line
+    // itself is asked. A line that hung up must be closed at once: Qt would signal the error for ever.
+    void failed(QSerialPort::SerialPortError error) {
+        if (error != QSerialPort::NoError && error != QSerialPort::TimeoutError &&
+            error != QSerialPort::UnsupportedOperationError) {
+            close_if_hung_up();
+        }
+    }
+
+    void close_if_hung_up() {
+        if (closing_ || !port_.isOpen()) {
+            return;
+        }
+        pollfd line{static_cast<int>(port_.handle()), 0, 0};
+        if (poll(&line, 1, 0) != 0) { // only POLLHUP, POLLERR and POLLNVAL were asked for
+            closing_ = true;          // closing raises errors of its own
+            port_.close();
+            closing_ = false;
+        }
+    }
+
+    QSerialPort port_;
+    bool closing_ = false;
+};
+
+} // namespace
+
+std::vector<SerialPort> QtSerialPorts::list() {
+    std::vector<SerialPort> ports = announced_ports();
+    for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
+        ports.push_back({info.portName().toStdString(), info.systemLocation().toStdString()});
+    }
+    return ports;
+}
+
+std::unique_ptr<SerialLine> QtSerialPorts::open(const SerialPort& port, const SerialSettings& settings) {
+    auto line = std::make_unique<QtSerialLine>(port.device);
+    if (!line->open(settings)) {
+        return nullptr;
+    }
+    return line;
+}
+
+} // namespace tessit::qt

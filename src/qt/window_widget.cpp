@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+#include "qt/window_widget.h"
+
+#include "platform/application.h"
+#include "qt/activation.h"
+#include "qt/control_factory.h"
+#include "qt/control_layout.h"
+#include "qt/look.h"
+#include "qt/menu_bar.h"
+#include "qt/screen_place.h"
+#include "qt/static_widgets.h"
+#include "qt/widget_text.h"
+
+#include <QCloseEvent>
+#include <QLayout>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <algorithm>
+
+namespace tessit::qt {
+
+namespace {
+
+Qt::WindowFlags flags_of(WindowFrame frame) {
+    return frame == WindowFrame::notice ? Qt::Tool | Qt::WindowStaysOnTopHint | Qt::WindowTitleHint |
+                                              Qt::WindowCloseButtonHint | Qt::CustomizeWindowHint
+                                        : Qt::Window;
+}
+
+} // namespace
+
+WindowWidget::WindowWidget(Window& model, Activation& activation)
+    : QMainWindow(nullptr, flags_of(model.design().frame)), model_(&model), activation_(activation),
+      frame_(model.design().frame), designed_size_(model.design().width, model.design().height),
+      color_(model.design().color), scroll_(*new QScrollArea(this)), content_(*new QWidget) {
+    setObjectName(to_widget(model.name()));
+    setWindowTitle(to_widget(model.Title()));
+    setAttribute(Qt::WA_ShowWithoutActivating, is_notice());
+    scroll_.setFrameShape(QFrame::NoFrame);
+    scroll_.setFocusPolicy(Qt::NoFocus);
+    scroll_.setWidget(&content_);
+    content_.setAutoFillBackground(true);
+    content_.setObjectName(objectName() + QLatin1String("_content"));
+    scroll_.viewport()->installEventFilter(this);
+    setCentralWidget(&scroll_);
+    if (model.design().has_menu_bar) {
+        fill_menu_bar(*menuBar(), model_);
+    }
+    set_colors();
+    make_controls();
+    set_tab_order();
+    set_first_focus();
+}
+
+void WindowWidget::make_controls() {
+    for (Control* control : model_->controls()) {
+        controls_.push_back(make_control_widget(*control, content_));
+        controls_.back()->refresh();
+    }
+    give_accessible_names(controls_);
+    std::vector<Placed> placed;
+    for (const auto& control : controls_) {
+        const Place& place = control->design().place;
+        placed.push_back({.designed = QRect(place.left, place.top, place.width, place.height),
+                          .needed = control->needed_size(),
+                          .halves_to_the_left = control->halves_to_the_left(),
+                          .is_frame = control->is_frame()});
+    }
+    places_ = places_with_room(placed, designed_size_);
+    lay_out();
+}
+
+void WindowWidget::set_tab_order() {
+    QWidget* before = nullptr;
+    for (const auto& control : controls_) {
+        QWidget& widget = control->widget();
+        if (!is_reachable(control->design().place, designed_size_)) {
+            widget.setFocusPolicy(Qt::NoFocus);
+        } else if (before != nullptr) {
+            setTabOrder(before, &widget);
+        }
+        before = widget.focusPolicy() == Qt::NoFocus ? before : &widget;
+    }
+}
+
+void WindowWidget::set_first_focus() {
+    if (Control* control = model_->focus_control(); control != nullptr && control->view() != nullptr) {
+        return control->view()->take_focus();
+    }
+    for (const auto& control : controls_) {
+        QWidget& widget = control->widget();
+        const auto* edit = qobject_cast<QLineEdit*>(&widget);
+        const bool only_shows = edit != nullptr && edit->isReadOnly();
+        if (widget.focusPolicy() != Qt::NoFocus && widget.isEnabled() && !widget.isHidden() && !only_shows) {
+            return widget.setFocus(Qt::OtherFocusReason);
+        }
+    }
+}
+
+void WindowWidget::set_colors() {
+    content_.setPalette(window_palette(color_));
+}
+
+void WindowWidget::lay_out() {
+    const QSize size = scroll_.viewport()->size().expandedTo(designed_size_);
+    content_.resize(size);
+    for (std::size_t at = 0; at < places_.size(); ++at) {
+        ControlWidget& control = *controls_[at];
+        control.widget().setGeometry(grown(places_[at], control.design().grow, size - designed_size_));
+    }
+}
+
+void WindowWidget::place_on_screen(const QWidget* active) {
+    ensurePolished();
+    QSize size = designed_size_;
+    if (auto* bar = qobject_cast<QMenuBar*>(layout()->menuBar())) {
+        size.setWidth(std::max(size.width(), bar->sizeHint().width()));
+        size.rheight() += bar->sizeHint().height();
+    }
+    setMinimumSize(std::min(240, size.width()), std::min(120, size.height()));
+    setGeometry(place_for_window(size, frame_, active));
+    if (is_notice()) {
+        setFixedSize(size);
+    }
+}
+
+void WindowWidget::forget_model() {
+    model_ = nullptr;
+    for (const auto& control : controls_) {
+        control->detach();
+    }
+    hide();
+    deleteLater();
+}
+
+bool WindowWidget::event(QEvent* event) {
+    switch (event->type()) {
+    case QEvent::WindowActivate:
+        activation_.window_system_changed();
+        break;
+    case QEvent::Move:
+    case QEvent::Show:
+        tell_place();
+        break;
+    case QEvent::ApplicationPaletteChange:
+        set_colors();
+        break;
+    default:
+        break;
+    }
+    return QMainWindow::event(event);
+}
+
+bool WindowWidget::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::Resize) {
+        lay_out();
+        tell_place();
+    }
+    return false;
+}
+
+void WindowWidget::tell_place() {
+    if (model_ != nullptr) {
+        const QPoint corner = scroll_.mapToGlobal(QPoint(0, 0));
+        model_->move_to(corner.x(), corner.y());
+    }
+}
+
+void WindowWidget::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (model_ != nullptr && !model_->application().busy()) {
+        model_->close_by_user();
+    }
+}
+
+} // namespace tessit::qt

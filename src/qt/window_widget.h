@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// The Qt window of one model window: its adapters in tab order, its menu bar, and what the window system tells of it.
+// Closing is the model's decision: the window system's wish is passed on, and the widget goes when the model says so.
+#pragma once
+
+#include "platform/window.h"
+#include "qt/control_widget.h"
+
+#include <QMainWindow>
+#include <QScrollArea>
+#include <memory>
+#include <vector>
+
+namespace tessit::qt {
+
+class Activation;
+
+class WindowWidget : public QMainWindow {
+public:
+    WindowWidget(Window& model, Activation& activation);
+
+    Window* model() const { return model_; } // null once it has been closed
+    bool is_notice() const { return frame_ == WindowFrame::notice; }
+    const std::vector<std::unique_ptr<ControlWidget>>& controls() const { return controls_; }
+
+    void place_on_screen(const QWidget* active); // before it is shown first
+    void forget_model();                         // the model's window has been closed
+
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void make_controls();
+    void set_tab_order();
+    void set_first_focus();
+    void set_colors();
+    void lay_out();
+    void tell_place();
+
+    Window* model_;
+    Activation& activation_;
+    const WindowFrame frame_;
+    const QSize designed_size_;
+    const Color color_;
+    QScrollArea& scroll_;
+    QWidget& content_;
+    std::vector<std::unique_ptr<ControlWidget>> controls_;
+    std::vector<QRect> places_;
+};
+
+} // namespace tessit::qt
