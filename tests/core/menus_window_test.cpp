@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+// Which commands each window offers, asked anew before the menu is used, and start and end of the program.
+#include "device/settings_window.h"
+#include "support/program.h"
+
+#include <gtest/gtest.h>
+
+namespace tessit::testing {
+namespace {
+
+// The entries that can be chosen, in menu order.
+std::string offered(App& app) {
+    app.enable_menu_items();
+    std::string names;
+    for (const Menu& menu : app.MenuBar1.menus()) {
+        for (const MenuItem& item : menu.items) {
+            names += item.Enabled() ? (names.empty() ? "" : " ") + item.name() : "";
+        }
+    }
+    return names;
+}
+
+TEST(Menus, each_window_offers_its_commands) {
+    Program program;
+    App& app = program.app;
+    EXPECT_EQ(offered(app), "FileCreateNewFile FileOpen FileQuitEditor FileExitProgram ZephonLoadFromFile "
+                            "SettingsSetSerialPort");
+    program.new_protocol();
+    EXPECT_EQ(offered(app), "FileOpen FileSave FileQuitEditor FileExitProgram ZephonLoadDirect SettingsSetSerialPort");
+    app.choose_menu("SettingsSetSerialPort");
+    EXPECT_EQ(offered(app), "FileExitProgram SettingsSaveSettings");
+    app.settings_window->close_by_user();
+    EXPECT_EQ(offered(app), "FileOpen FileSave FileQuitEditor FileExitProgram ZephonLoadDirect SettingsSetSerialPort");
+    app.choose_menu("FileQuitEditor");
+    EXPECT_TRUE(app.Window1->Visible());
+    app.choose_menu("FileSave"); // disabled: nothing happens
+    EXPECT_FALSE(app.editwindow.exists());
+}
+
+TEST(Menus, a_notice_that_stays_up_does_not_take_the_menu_from_the_editor) {
+    Program program;
+    program.new_protocol();
+    program.app.popupwindow->Show();
+    EXPECT_NE(offered(program.app).find("FileSave"), std::string::npos);
+}
+
+TEST(Start, credentials_port_and_version_are_completed_once) {
+    Program program;
+    App& app = program.app;
+    EXPECT_EQ(app.port, 465);
+    EXPECT_EQ(app.uName.size(), 15U);
+    EXPECT_NE(app.pwd, deployment::stored_credential);
+    EXPECT_EQ(app.Window1->versiontext.Text(), "Version  Beta  1.2.3");
+    EXPECT_EQ(app.seperator, ":");
+    EXPECT_FALSE(app.Window1->StatusField.Visible());
+    EXPECT_EQ(app.myactivewindow, document::none);
+    EXPECT_FALSE(app.getrts());
+}
+
+TEST(Start, a_final_version_has_no_stage_word_and_two_blanks) {
+    ScriptedDesktop desktop;
+    write_file(desktop.folder / "ZP2Settings.fig", quiet_settings);
+    App app(desktop, {.StageCode = Stage::final, .MajorVersion = 1, .MinorVersion = 2, .BugVersion = 3});
+    app.start();
+    EXPECT_EQ(app.Window1->versiontext.Text(), "Version  1.2.3");
+}
+
+TEST(Quit, asks_about_unsaved_work_and_cancel_keeps_the_program) {
+    Program program;
+    App& app = program.app;
+    program.new_protocol();
+    program.enter("7.83");
+    const std::string question = "Data in the Edit window has not been saved to file\rDo you want to save it?";
+    program.desktop.expect_message(question, DialogAnswer::cancel);
+    app.choose_menu("FileExitProgram");
+    EXPECT_FALSE(program.desktop.has_quit);
+    EXPECT_TRUE(app.editwindow->Visible());
+    EXPECT_EQ(program.levels(), 1);
+
+    program.desktop.expect_message(question, DialogAnswer::cancel);
+    app.Window1->Show();
+    app.Window1->close_by_user();
+    EXPECT_FALSE(program.desktop.has_quit);
+    EXPECT_TRUE(app.Window1.exists());
+    EXPECT_EQ(app.port, 465); // Window1 was not made anew
+
+    program.desktop.expect_message(question, DialogAnswer::alternate);
+    app.choose_menu("FileExitProgram");
+    EXPECT_TRUE(program.desktop.has_quit);
+}
+
+} // namespace
+} // namespace tessit::testing

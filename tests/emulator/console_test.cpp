@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "dialogue.h"
+#include "emulator/console.h"
+
+#include <gtest/gtest.h>
+
+namespace tessit::emulator::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+const Lines ok = {"ok"};
+
+TEST(Console, Keys_PutTheGeneratorIntoReceiveMode) {
+    for (const char* keys : {"5 3", "53", "  5   3  "}) {
+        Generator generator;
+        EXPECT_EQ(execute(generator, keys).lines, ok);
+        EXPECT_TRUE(generator.receiving());
+    }
+}
+
+TEST(Console, Dump_PrintsFiftyLevelsInHexadecimal) {
+    Generator generator;
+    generator.press_receive();
+    play(generator, load_script(2));
+    const Lines lines = execute(generator, "dump 7").lines;
+    ASSERT_EQ(lines.size(), 51u);
+    EXPECT_EQ(lines[0], "00 1e 96 08 00 03 1d 05 00 00 00 1f ff ff ff ff");
+    EXPECT_EQ(lines[1], "ff ff ff ff ff ff ff ff ff ff ff 00 ff ff ff ff");
+    EXPECT_EQ(lines[49], "ff ff ff ff ff ff ff ff ff ff ff ff ff ff ff ff");
+    EXPECT_EQ(lines[50], "ok");
+}
+
+TEST(Console, Records_TellPaceAndBreachesOfTheLastLoad) {
+    Generator generator;
+    generator.press_receive();
+    Script script = load_script();
+    script[low_at].wait = 12'000;
+    script[count_at].wait = 4'000;
+    play(generator, script);
+    EXPECT_EQ(execute(generator, "waits").lines,
+              (Lines{"call prescribed 10000 count 1 shortest 10000 median 10000 longest 10000 slack 0",
+                     "address_high prescribed 10000 count 50 shortest 10000 median 10000 longest 12000 slack 0",
+                     "first_byte prescribed 10000 count 50 shortest 10000 median 10000 longest 10000 slack 0",
+                     "further_byte prescribed 5000 count 550 shortest 5000 median 5000 longest 5000 slack 0",
+                     "padding prescribed 5000 count 200 shortest 4000 median 5000 longest 5000 slack -1000",
+                     "handshake 10000", "transfer 4751000 prescribed 4750000", "ok"}));
+    const Lines gaps = execute(generator, "gaps").lines;
+    ASSERT_EQ(gaps.size(), 852u);
+    EXPECT_EQ(gaps[0], "call level 0 prescribed 10000 measured 10000 slack 0");
+    EXPECT_EQ(gaps[1], "address_high level 1 prescribed 10000 measured 12000 slack 2000");
+    EXPECT_EQ(execute(generator, "violations").lines,
+              (Lines{"1",
+                     "1106000 us, level 1: expected a wait of 5000 us after padding, "
+                     "came the next byte 1000 us too early",
+                     "ok"}));
+}
+
+TEST(Console, Fail_SetsModeLevelAndTimes) {
+    Generator generator;
+    generator.press_receive();
+    EXPECT_EQ(execute(generator, "fail handshake_silent 1 2").lines, ok);
+    const Script calls(3, {10'000, 'V'});
+    EXPECT_EQ(generator.take(play(generator, calls)), (std::vector<Byte>{170, 6}));
+    const Lines modes = execute(generator, "modes").lines;
+    EXPECT_EQ(modes.front(), "none");
+    EXPECT_EQ(modes[modes.size() - 2], "between_levels_hang_up");
+}
+
+TEST(Console, UnplugAndPlug_TakeTheLineAwayAndBack) {
+    Generator generator;
+    EXPECT_EQ(execute(generator, "unplug").lines, ok);
+    EXPECT_TRUE(generator.hung_up() && !generator.can_be_opened_again());
+    EXPECT_EQ(execute(generator, "plug").lines, ok);
+    EXPECT_FALSE(generator.hung_up());
+    execute(generator, "hangup");
+    EXPECT_TRUE(generator.can_be_opened_again());
+}
+
+TEST(Console, WrongCommands_GetOneClearError) {
+    const struct {
+        const char* command;
+        const char* error;
+    } cases[] = {
+        {"blink",          "error: unknown command 'blink'; help lists them"          },
+        {"5 2",            "error: unknown command '5 2'; help lists them"            },
+        {"5",              "error: use: 5 3"                                          },
+        {"dump",           "error: use: dump BANK"                                    },
+        {"dump 0",         "error: BANK must be a number from 1 to 40, not '0'"       },
+        {"dump 41",        "error: BANK must be a number from 1 to 40, not '41'"      },
+        {"dump 7x",        "error: BANK must be a number from 1 to 40, not '7x'"      },
+        {"fail",           "error: use: fail MODE [LEVEL] [TIMES]"                    },
+        {"fail often",     "error: no failure mode 'often'; modes lists them"         },
+        {"fail none 51",   "error: LEVEL must be a number from 1 to 50, not '51'"     },
+        {"fail none 1 -1", "error: TIMES must be a number from 0 to 1000000, not '-1'"},
+        {"help me",        "error: use: help"                                         },
+    };
+    for (const auto& [command, error] : cases) {
+        Generator generator;
+        EXPECT_EQ(execute(generator, command).lines, Lines{error}) << command;
+        EXPECT_FALSE(generator.receiving()) << command;
+    }
+}
+
+TEST(Console, EmptyLineAndQuit) {
+    Generator generator;
+    EXPECT_EQ(execute(generator, " ").lines, Lines{});
+    const Reply reply = execute(generator, "quit");
+    EXPECT_TRUE(reply.quit);
+    EXPECT_EQ(reply.lines, ok);
+}
+
+} // namespace
+} // namespace tessit::emulator::test

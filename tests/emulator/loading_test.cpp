@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: MIT
+#include "dialogue.h"
+
+#include <gtest/gtest.h>
+
+namespace tessit::emulator::test {
+namespace {
+
+using Bytes = std::vector<Byte>;
+
+std::string violation_texts(const Generator& generator) {
+    std::string texts;
+    for (const Violation& violation : generator.violations()) {
+        texts += (texts.empty() ? "" : "; ") + violation.expected + " / " + violation.came;
+    }
+    return texts;
+}
+
+// The short form of a wait's violation, for the table below.
+std::string without_words(std::string text) {
+    for (const std::string_view words : {"a wait of ", "the next byte ", " too early"}) {
+        if (const auto place = text.find(words); place != std::string::npos) {
+            text.erase(place, words.size());
+        }
+    }
+    return text;
+}
+
+struct InReceiveMode : Generator {
+    InReceiveMode() { press_receive(); }
+};
+
+TEST(Loading, LiteralDialogue_IsAnsweredByteForByte) {
+    InReceiveMode generator;
+    const Script script = load_script(2);
+    Microseconds at = 0;
+    for (std::size_t i = 0; i < script.size(); ++i) {
+        at += script[i].wait;
+        generator.receive(script[i].byte, at);
+        const bool address_or_count = i == low_at || i == count_at || i == next_level_at + 1 || i == script.size() - 1;
+        const Bytes expected = i == call_at ? Bytes{170, 6} : address_or_count ? Bytes{6} : Bytes{};
+        EXPECT_EQ(generator.take(at), expected) << "behind byte " << i;
+    }
+    EXPECT_EQ(violation_texts(generator), "");
+    EXPECT_EQ(generator.level(7, 1), hz_7_83);
+    EXPECT_EQ(generator.level(7, 2), unset_level);
+    EXPECT_EQ(generator.level(7, 3), never_loaded);
+    EXPECT_EQ(generator.level(6, 50), never_loaded);
+}
+
+TEST(Loading, FiftyLevels_EndReceiveModeUnlessToldToStay) {
+    InReceiveMode once;
+    Generator always(AfterLoad::stay_in_receive_mode);
+    EXPECT_TRUE(always.receiving());
+    for (Generator* generator : {static_cast<Generator*>(&once), &always}) {
+        play(*generator, load_script());
+        EXPECT_EQ(violation_texts(*generator), "");
+        EXPECT_EQ(generator->level(7, 50), unset_level);
+        const LoadTimes& times = generator->load_times();
+        EXPECT_EQ(*times.first_address - *times.first_call, 10'000);
+        EXPECT_EQ(*times.last_acknowledge - *times.first_address, 50 * 95'000);
+        EXPECT_EQ(generator->gaps().size(), 1 + 50 * 17u);
+    }
+    EXPECT_FALSE(once.receiving());
+    EXPECT_TRUE(always.receiving());
+}
+
+TEST(Loading, WrapOfTheLowAddressByte_IsCarried) {
+    InReceiveMode generator;
+    Script script = {
+        {0, 'V'}
+    };
+    for (int level = 1; level <= 17; ++level) {
+        append_level(script, 16 * (level - 1), unset_level, 15, level == 1 ? 10'000 : 0);
+    }
+    EXPECT_EQ(script[script.size() - 19].byte, 1); // level 17 of bank 1 begins at 1, 0
+    play(generator, script);
+    EXPECT_EQ(violation_texts(generator), "");
+    EXPECT_EQ(generator.level(1, 17), unset_level);
+}
+
+enum class Then { stored, refused };
+
+TEST(Loading, EachBreach_IsRemembered) {
+    const struct {
+        std::size_t place;
+        Sent instead;
+        Then then; // a level with wrong bytes is neither stored nor acknowledged
+        const char* violation;
+    } cases[] = {
+        {record_at + 2,  {5'000, 151},   Then::refused, "check byte 30 / byte 31"                                 },
+        {record_at + 11, {5'000, 0},     Then::refused, "check byte 31 / byte 0"                                  },
+        {count_at,       {5'000, 5},     Then::refused, "count byte 4 / byte 5"                                   },
+        {padding_at + 3, {5'000, 0},     Then::refused, "padding, byte 255 / byte 0"                              },
+        {low_at,
+         {10'000, 193},
+         Then::refused,
+         "the start of a bank / address 4801 (18, 193); a call, byte 86 / byte 0"                                 },
+        {record_at + 5,  {6'000'000, 3}, Then::refused, "the rest of the load / nothing; a call, byte 86 / byte 3"},
+        {high_at,        {9'999, 18},    Then::stored,  "10000 us after call / 1 us"                              },
+        {low_at,         {9'000, 192},   Then::stored,  "10000 us after address_high / 1000 us"                   },
+        {record_at + 1,  {5'000, 30},    Then::stored,  "10000 us after first_byte / 5000 us"                     },
+        {record_at + 11, {4'990, 31},    Then::stored,  "5000 us after further_byte / 10 us"                      },
+        {padding_at,     {0, 255},       Then::stored,  "5000 us after further_byte / 5000 us"                    },
+        {count_at,       {4'999, 4},     Then::stored,  "5000 us after padding / 1 us"                            },
+    };
+    for (const auto& [place, instead, then, violation] : cases) {
+        InReceiveMode generator;
+        Script script = load_script(1);
+        script[place] = instead;
+        play(generator, script);
+        EXPECT_EQ(without_words(violation_texts(generator)), violation);
+        EXPECT_EQ(generator.level(7, 1), then == Then::stored ? hz_7_83 : never_loaded) << violation;
+        EXPECT_EQ(generator.receiving(), then == Then::stored) << violation;
+    }
+}
+
+TEST(Loading, BytesBeforeTheCall_AreOneBreachAndDoNoHarm) {
+    InReceiveMode generator;
+    Script script = load_script(1);
+    script.insert(script.begin(), 3, Sent{0, 6});
+    EXPECT_EQ(generator.take(play(generator, script)), (Bytes{170, 6, 6, 6}));
+    EXPECT_EQ(violation_texts(generator), "a call, byte 86 / byte 6");
+}
+
+TEST(Loading, AddressThatDoesNotFollow_IsRefusedWithItsLevel) {
+    InReceiveMode generator;
+    Script script = load_script(2);
+    script[next_level_at + 1].byte = 0xe0; // level 3's
+    play(generator, Script(script.begin(), script.begin() + next_level_at + 2));
+    ASSERT_EQ(generator.violations().size(), 1u);
+    EXPECT_EQ(to_text(generator.violations()[0]),
+              "1115000 us, level 2: expected address 4816 (18, 208), came address 4832 (18, 224)");
+    EXPECT_EQ(generator.take(2'000'000), (Bytes{170, 6, 6, 6})); // the fourth would be level 2's address
+}
+
+TEST(Loading, UnsetLevelWithAnotherCheckByte_IsRefused) {
+    InReceiveMode generator;
+    Script script = load_script(2);
+    script[next_level_at + 2 + 11].byte = 11; // this one brings the sum to 0
+    play(generator, script);
+    EXPECT_EQ(violation_texts(generator), "check byte 0 / byte 11");
+}
+
+TEST(Loading, SenderThatDoesNotWaitForTheAcknowledge_IsTold) {
+    for (const FailureMode mode :
+         {FailureMode::address_ack_lost, FailureMode::address_ack_late, FailureMode::address_ack_wrong}) {
+        InReceiveMode generator;
+        generator.set_failure({.mode = mode});
+        play(generator, load_script(1));
+        EXPECT_EQ(violation_texts(generator), "a pause until the acknowledge / the next byte") << name(mode);
+    }
+}
+
+TEST(Loading, CallsBeforeTheKeysArePressed_AreNotAnsweredAndNoBreach) {
+    Generator generator;
+    const Script calls(5, {10'000, 'V'});
+    Microseconds at = play(generator, calls);
+    EXPECT_EQ(generator.take(at), Bytes{});
+    EXPECT_EQ(generator.unheard_calls(), 5);
+    generator.press_receive();
+    Script script = load_script(1);
+    script[call_at].wait = 10'000;
+    at = play(generator, script, at);
+    EXPECT_EQ(generator.take(at), (Bytes{170, 6, 6, 6}));
+    EXPECT_EQ(violation_texts(generator), "");
+    EXPECT_EQ(generator.unheard_calls(), 0);
+}
+
+TEST(Loading, CallThatCrossedTheAnswer_IsNotAnsweredTwice) {
+    InReceiveMode generator;
+    Script script = load_script(1);
+    script.insert(script.begin() + 1, {10'000, 'V'});
+    EXPECT_EQ(generator.take(play(generator, script)), (Bytes{170, 6, 6, 6}));
+    EXPECT_EQ(violation_texts(generator), "");
+}
+
+TEST(Loading, CallsThatGoOnAfterTheAnswer_AreABreachAndAnsweredAgain) {
+    InReceiveMode generator;
+    const Microseconds at = play(generator, Script(11, {10'000, 'V'}));
+    EXPECT_EQ(generator.take(at), (Bytes{170, 6, 170, 6}));
+    EXPECT_EQ(violation_texts(generator), "the first address / calls although they were answered");
+}
+
+TEST(Loading, LoadGivenUpInTheMiddle_NextCallBeginsANewOne) {
+    InReceiveMode generator;
+    Microseconds at = play(generator, load_script(3));
+    generator.take(at);
+    at = play(generator, load_script(1), at + 20'000);
+    EXPECT_EQ(generator.take(at), (Bytes{170, 6, 6, 6}));
+    EXPECT_EQ(violation_texts(generator), "the rest of the load / a new call");
+    EXPECT_EQ(generator.level(7, 3), unset_level);
+}
+
+TEST(Loading, KeysPressedDuringALoad_GiveItUpWithoutABreach) {
+    InReceiveMode generator;
+    Script script = load_script(1);
+    script.resize(record_at + 4);
+    const Microseconds at = play(generator, script);
+    generator.take(at);
+    generator.press_receive();
+    EXPECT_EQ(generator.take(play(generator, load_script(1), at + 20'000)), (Bytes{170, 6, 6, 6}));
+    EXPECT_EQ(violation_texts(generator), "");
+}
+
+} // namespace
+} // namespace tessit::emulator::test

@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+// Events, faults on their way out, and the menu.
+#include "platform/buttons.h"
+#include "platform/small_application.h"
+
+#include <gtest/gtest.h>
+#include <new>
+#include <stdexcept>
+
+namespace tessit::testing {
+namespace {
+
+class Events : public ::testing::Test {
+protected:
+    ScriptedDesktop desktop;
+    SmallApplication app{desktop};
+
+    static void fault() { throw Fault(FaultKind::out_of_bounds, "a fault"); }
+};
+
+TEST_F(Events, a_fault_is_reported_once_with_the_innermost_handler) {
+    desktop.expect_fault("inner");
+    bool went_on = false;
+    app.from_user("outer", [&] {
+        app.raise("middle", [&] { app.raise("inner", fault); });
+        went_on = true;
+    });
+    EXPECT_FALSE(went_on);
+    EXPECT_EQ(desktop.faults, (std::vector<FaultReport>{
+                                  {FaultKind::out_of_bounds, "a fault", "inner"}
+    }));
+    EXPECT_EQ(app.faults_caught, 1);
+    EXPECT_FALSE(app.busy());
+}
+
+TEST_F(Events, an_event_inside_an_event_keeps_its_fault_to_itself) {
+    desktop.expect_fault("inner");
+    desktop.expect_fault("outer");
+    bool went_on = false;
+    app.from_user("outer", [&] {
+        app.from_user("inner", fault);
+        EXPECT_TRUE(app.busy());
+        went_on = true;
+        fault();
+    });
+    EXPECT_TRUE(went_on);
+    EXPECT_EQ(app.faults_caught, 2);
+}
+
+TEST_F(Events, a_guarded_step_does_not_stop_its_handler) {
+    desktop.expect_fault("step");
+    bool went_on = false;
+    app.from_user("handler", [&] {
+        app.guarded("step", fault);
+        went_on = true;
+    });
+    EXPECT_TRUE(went_on);
+}
+
+TEST_F(Events, no_exception_of_the_library_gets_out) {
+    desktop.expect_fault("low");
+    desktop.expect_fault("event");
+    app.from_user("event", [&] { app.raise("low", [] { throw std::bad_alloc(); }); });
+    app.from_user("event", [] { throw std::out_of_range("no such thing"); });
+    EXPECT_EQ(desktop.faults[0].kind, FaultKind::internal);
+    EXPECT_EQ(desktop.faults[1], (FaultReport{FaultKind::internal, "no such thing", "event"}));
+}
+
+TEST_F(Events, a_fault_in_what_follows_an_event_is_reported_too) {
+    app.on["main.Event_Open"] = fault; // main comes by itself, as nothing is to be seen
+    desktop.expect_fault("main.Event_Open");
+    EXPECT_NO_THROW(app.from_user("event", [] {}));
+    app.on.clear();
+    EXPECT_EQ(app.event([] {}), "main.Event_Activate");
+}
+
+TEST_F(Events, a_button_acts_unless_the_press_was_used_up_or_cannot_reach_it) {
+    Panel window(app);
+    std::string log;
+    bool use_up = false;
+    PushButton button(window, {.name = "button"},
+                      {.caption = "Do",
+                       .on_action = [&] { log += "A"; },
+                       .on_mouse_down =
+                           [&] {
+                               log += "M";
+                               return use_up;
+                           }});
+    const auto click = [&] {
+        log.clear();
+        button.click();
+        return log;
+    };
+    EXPECT_EQ(click(), "MA");
+    use_up = true;
+    EXPECT_EQ(click(), "M");
+    button.SetEnabled(false);
+    EXPECT_EQ(click(), "");
+    button.SetEnabled(true);
+    button.SetVisible(false);
+    EXPECT_EQ(click(), "");
+}
+
+class MenuEvents : public ::testing::Test {
+protected:
+    static MenuBar bar() {
+        return MenuBar({
+            {"FileMenu",
+             "File", {MenuItem("Open", "Open", true), MenuItem("Save", "Save", false), MenuItem("Print", "Print", true),
+              MenuItem("Line", "-", true)}}
+        });
+    }
+    void SetUp() override {
+        for (const char* entry : {"Open", "Save"}) {
+            app.MenuBar1.item(entry).bind([this, entry] {
+                app.happened.push_back(entry);
+                return true;
+            });
+        }
+        app.event([this] { app.first.get(); });
+        app.happened.clear();
+    }
+    bool enabled(const char* entry) {
+        app.enable_menu_items();
+        return app.MenuBar1.item(entry).Enabled();
+    }
+    std::vector<std::string> chosen(const char* entry) {
+        app.happened.clear();
+        app.choose_menu(entry);
+        return app.happened;
+    }
+
+    ScriptedDesktop desktop;
+    SmallApplication app{desktop, bar()};
+    using Entries = std::vector<std::string>;
+};
+
+TEST_F(MenuEvents, what_is_enabled_is_asked_anew_each_time) {
+    EXPECT_TRUE(enabled("Open"));
+    EXPECT_FALSE(enabled("Save"));
+    app.on["first.Event_EnableMenuItems"] = [&] {
+        app.MenuBar1.item("Save").Enable();
+        app.MenuBar1.item("Open").SetEnabled(false);
+    };
+    EXPECT_EQ(chosen("Save"), Entries{"Save"});
+    EXPECT_EQ(chosen("Open"), Entries{});
+    app.on.clear();
+    EXPECT_EQ(chosen("Save"), Entries{});
+    EXPECT_EQ(chosen("Open"), Entries{"Open"});
+}
+
+TEST_F(MenuEvents, only_the_window_in_front_has_a_say) {
+    app.on["first.Event_EnableMenuItems"] = [&] { app.MenuBar1.item("Save").Enable(); };
+    app.event([&] { app.notice->Show(); });
+    EXPECT_TRUE(enabled("Save"));
+    app.event([&] { app.second.get(); });
+    EXPECT_FALSE(enabled("Save"));
+    app.second->close_by_user();
+    EXPECT_TRUE(enabled("Save"));
+}
+
+TEST_F(MenuEvents, an_entry_without_an_action_is_never_enabled) {
+    app.on["first.Event_EnableMenuItems"] = [&] { app.MenuBar1.item("Print").Enable(); };
+    EXPECT_FALSE(enabled("Print"));
+    EXPECT_FALSE(enabled("Line"));
+    EXPECT_EQ(chosen("Print"), Entries{});
+    EXPECT_THROW(app.MenuBar1.item("Export"), Fault);
+    EXPECT_FALSE(app.MenuBar1.has("Export"));
+}
+
+TEST_F(MenuEvents, a_fault_in_an_action_bears_the_commands_name) {
+    app.MenuBar1.item("Open").bind([]() -> bool { throw Fault(FaultKind::nil_object, "a fault"); });
+    desktop.expect_fault("_Open_Action");
+    app.choose_menu("Open");
+    app.on["first.Event_EnableMenuItems"] = [] { throw Fault(FaultKind::nil_object, "a fault"); };
+    desktop.expect_fault("first.Event_EnableMenuItems");
+    EXPECT_EQ(chosen("Save"), Entries{});
+}
+
+TEST_F(Events, system_ports_beyond_the_list_are_a_fault) {
+    EXPECT_EQ(app.System.SerialPortCount(), 0);
+    EXPECT_THROW(app.System.SerialPort(0), Fault);
+}
+
+TEST_F(Events, file_dialogs_begin_where_the_last_one_ended) {
+    const FileType type{.Name = "Zephon File", .MacType = "zp2", .Extensions = ".zp2"};
+    std::filesystem::create_directory(desktop.folder / "elsewhere");
+    desktop.choose_file(desktop.folder / "elsewhere/a.zp2");
+    desktop.dismiss_file_dialog();
+    desktop.dismiss_file_dialog();
+    EXPECT_EQ(app.GetOpenFolderItem(type)->DisplayName(), "a.zp2");
+    EXPECT_FALSE(app.GetSaveFolderItem(type, "b.zp2").has_value());
+    EXPECT_FALSE(app.GetOpenFolderItem(type).has_value());
+    ASSERT_EQ(desktop.file_requests.size(), 3U);
+    EXPECT_EQ(desktop.file_requests[0].start_folder.path(), desktop.folder.path());
+    EXPECT_EQ(desktop.file_requests[1].start_folder.path(), desktop.folder / "elsewhere");
+    EXPECT_EQ(desktop.file_requests[1].default_name, "b.zp2");
+    EXPECT_EQ(desktop.file_requests[2].start_folder.path(), desktop.folder / "elsewhere");
+    EXPECT_EQ(app.GetFolderItem("").path(), desktop.folder.path());
+    EXPECT_EQ(app.GetFolderItem("a.zp2").path(), desktop.folder / "a.zp2");
+}
+
+} // namespace
+} // namespace tessit::testing

@@ -1,0 +1,281 @@
+// SPDX-License-Identifier: MIT
+#include "platform/file_replacement.h"
+
+#include "platform/folder_item.h"
+#include "support/full_disk.h"
+#include "support/scripted_desktop.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/ptrace.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tessit {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::file_bytes;
+using testing::FullDisk;
+using testing::TemporaryFolder;
+using testing::write_file;
+
+std::span<const std::uint8_t> bytes(const std::string& text) {
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+void save(const fs::path& file, const std::string& text) {
+    auto replacement = FileReplacement::create(file);
+    ASSERT_NE(replacement, nullptr);
+    replacement->write(bytes(text));
+    replacement->commit();
+}
+
+FaultKind fault_of(const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const Fault& fault) {
+        return fault.kind();
+    }
+    return FaultKind::internal; // none
+}
+
+int entries(const fs::path& folder) {
+    return static_cast<int>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
+}
+
+TEST(FileReplacement, old_file_is_untouched_until_the_commit) {
+    const TemporaryFolder folder;
+    const auto file = folder / "a.zp2";
+    write_file(file, "old");
+    auto replacement = FileReplacement::create(file);
+    replacement->write(bytes("a longer "));
+    replacement->write(bytes("new text"));
+    EXPECT_EQ(file_bytes(file), "old");
+    replacement->commit();
+    EXPECT_EQ(file_bytes(file), "a longer new text");
+    replacement.reset();
+    EXPECT_EQ(file_bytes(file), "a longer new text");
+    EXPECT_EQ(entries(folder.path()), 1);
+}
+
+TEST(FileReplacement, what_is_dropped_or_closed_by_a_fault_leaves_the_old_file_alone) {
+    const TemporaryFolder folder;
+    const auto file = folder / "a.zp2";
+    write_file(file, "old");
+    FileReplacement::create(file)->write(bytes("new"));
+    FolderItem(file).CreateBinaryFile(".zp2")->WriteInt8(7);
+    FolderItem(file).CreateTextFile()->WriteLine("new");
+    FileReplacement::create(folder / "never was.zp2")->write(bytes("new"));
+    EXPECT_EQ(file_bytes(file), "old");
+    EXPECT_EQ(entries(folder.path()), 1);
+}
+
+TEST(FileReplacement, is_nil_where_no_file_can_be_made) {
+    const TemporaryFolder folder;
+    write_file(folder / "read-only.zp2", "old");
+    fs::permissions(folder / "read-only.zp2", fs::perms::owner_read | fs::perms::group_read);
+    fs::create_directory(folder / "folder.zp2");
+    write_file(folder / "plain", "");
+    fs::create_symlink("read-only.zp2", folder / "link to read-only.zp2");
+    for (const char* name : {"read-only.zp2", "link to read-only.zp2", "folder.zp2", "missing/a.zp2", "plain/a.zp2"}) {
+        EXPECT_EQ(FileReplacement::create(folder / name), nullptr) << name;
+        EXPECT_TRUE(FolderItem(folder / name).CreateBinaryFile(".zp2").is_nil()) << name;
+        EXPECT_TRUE(FolderItem(folder / name).CreateTextFile().is_nil()) << name;
+    }
+    EXPECT_EQ(file_bytes(folder / "read-only.zp2"), "old");
+    EXPECT_EQ(entries(folder.path()), 4);
+}
+
+TEST(FileReplacement, a_link_stays_a_link_and_its_target_is_replaced) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "elsewhere");
+    const auto target = folder / "elsewhere/real.zp2";
+    write_file(target, "old");
+    fs::create_symlink("elsewhere/real.zp2", folder / "link.zp2");
+    fs::create_symlink("link.zp2", folder / "link to link.zp2");
+    save(folder / "link to link.zp2", "new");
+    EXPECT_TRUE(fs::is_symlink(folder / "link to link.zp2"));
+    EXPECT_TRUE(fs::is_symlink(folder / "link.zp2"));
+    EXPECT_FALSE(fs::is_symlink(target));
+    EXPECT_EQ(file_bytes(target), "new");
+    EXPECT_EQ(entries(folder / "elsewhere"), 1);
+}
+
+TEST(FileReplacement, a_link_to_a_file_that_is_not_there_makes_that_file) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "elsewhere");
+    fs::create_symlink("elsewhere/real.zp2", folder / "link.zp2");
+    save(folder / "link.zp2", "new");
+    EXPECT_TRUE(fs::is_symlink(folder / "link.zp2"));
+    EXPECT_EQ(file_bytes(folder / "elsewhere/real.zp2"), "new");
+}
+
+TEST(FileReplacement, the_mode_is_kept_and_a_new_file_follows_the_umask) {
+    const TemporaryFolder folder;
+    const auto mode = [&](const char* name) {
+        return static_cast<int>(fs::status(folder / name).permissions() & fs::perms::all);
+    };
+    write_file(folder / "old", "old");
+    fs::permissions(folder / "old", fs::perms(0640));
+    const mode_t mask = umask(027);
+    save(folder / "old", "new");
+    save(folder / "new", "new");
+    EXPECT_EQ(umask(mask), 027U); // asking for the mask has not changed it
+    EXPECT_EQ(mode("old"), 0640);
+    EXPECT_EQ(mode("new"), 0640);
+    fs::permissions(folder / "old", fs::perms(0666));
+    save(folder / "old", "new");
+    EXPECT_EQ(mode("old"), 0666);
+}
+
+TEST(FileReplacement, a_device_is_written_in_place) {
+    const auto is_device = [](const char* path) { return fs::is_character_file(path); };
+    ASSERT_TRUE(is_device("/dev/full"));
+    EXPECT_EQ(fault_of([] { save("/dev/full", "new"); }), FaultKind::write_failed);
+    EXPECT_NO_THROW(save("/dev/null", "new"));
+    EXPECT_TRUE(is_device("/dev/full"));
+    EXPECT_TRUE(is_device("/dev/null"));
+}
+
+TEST(FileReplacement, a_full_disk_is_a_fault_and_leaves_the_old_file) {
+    const TemporaryFolder folder;
+    const auto file = folder / "a.zp2";
+    const std::string old(600, 'o');
+    write_file(file, old);
+    const std::string content(1200, 'n');
+    for (const int room : {0, 1, 599, 1199}) {
+        const FullDisk full(static_cast<rlim_t>(room));
+        EXPECT_EQ(fault_of([&] { save(file, content); }), FaultKind::write_failed) << room;
+        EXPECT_EQ(fault_of([&] { save(folder / "new.zp2", content); }), FaultKind::write_failed) << room;
+    }
+    EXPECT_EQ(file_bytes(file), old);
+    EXPECT_EQ(entries(folder.path()), 1);
+    save(file, content);
+    EXPECT_EQ(file_bytes(file), content);
+}
+
+TEST(FileReplacement, a_folder_that_vanishes_before_the_commit_is_a_fault) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "stick");
+    auto replacement = FileReplacement::create(folder / "stick/a.zp2");
+    replacement->write(bytes("new"));
+    fs::remove_all(folder / "stick");
+    EXPECT_EQ(fault_of([&] { replacement->commit(); }), FaultKind::write_failed);
+}
+
+// Runs a save in a process of its own that is stopped before and after each of its calls to the system, and kills it
+// at the given stop. False when the save was over before that.
+bool killed_at(int stop, const fs::path& file, const std::string& content) {
+    const pid_t child = fork();
+    if (child == 0) {
+        ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        raise(SIGSTOP);
+        auto replacement = FileReplacement::create(file);
+        replacement->write(bytes(content));
+        replacement->commit();
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    for (int i = 0; i < stop && WIFSTOPPED(status); ++i) {
+        ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+        waitpid(child, &status, 0);
+    }
+    if (!WIFSTOPPED(status)) {
+        return false;
+    }
+    kill(child, SIGKILL);
+    waitpid(child, &status, 0);
+    return true;
+}
+
+bool can_trace() {
+    const pid_t child = fork();
+    if (child == 0) {
+        _exit(ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0 ? 0 : 1);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+TEST(FileReplacement, a_process_killed_at_any_moment_leaves_the_old_file_or_the_new_one) {
+    if (!can_trace()) {
+        GTEST_SKIP() << "this system does not let a process trace its child";
+    }
+    const TemporaryFolder folder;
+    const auto file = folder / "a.zp2";
+    const std::string old(600, 'o');
+    const std::string content(1200, 'n');
+    bool was_old = false;
+    bool was_new = false;
+    int stop = 0;
+    for (bool killed = true; killed; ++stop) {
+        write_file(file, old);
+        killed = killed_at(stop, file, content);
+        const std::string found = file_bytes(file);
+        ASSERT_TRUE(found == old || found == content) << "killed at stop " << stop << ": " << found.size() << " bytes";
+        (found == old ? was_old : was_new) = true;
+    }
+    EXPECT_TRUE(was_old && was_new);
+    EXPECT_GT(stop, 10);
+    EXPECT_EQ(file_bytes(file), content); // the last one was not killed
+}
+
+TEST(Streams, reading_past_the_end_gives_zeros) {
+    const TemporaryFolder folder;
+    write_file(folder / "a", std::string("\xFF\x80\x7F\x01", 4));
+    auto stream = FolderItem(folder / "a").OpenAsBinaryFile();
+    EXPECT_EQ(stream->ReadByte(), 255);
+    EXPECT_EQ(stream->ReadInt8(), -128);
+    EXPECT_EQ(stream->ReadInt8(), 127);
+    EXPECT_FALSE(stream->EndOfFile());
+    EXPECT_EQ(stream->ReadByte(), 1);
+    EXPECT_TRUE(stream->EndOfFile());
+    EXPECT_EQ(stream->ReadByte(), 0);
+    EXPECT_EQ(stream->ReadInt8(), 0);
+}
+
+TEST(Streams, bytes_and_texts_arrive_as_written) {
+    const TemporaryFolder folder;
+    auto binary = FolderItem(folder / "b").CreateBinaryFile(".zp2");
+    for (const int value : {0, 255, -1, 256, 292, -128}) {
+        binary->WriteInt8(value);
+    }
+    binary->Close();
+    EXPECT_EQ(testing::hex(file_bytes(folder / "b")), "00 ff ff 00 24 80");
+    auto text = FolderItem(folder / "t").CreateTextFile();
+    text->Write("a,");
+    text->WriteLine("b\r;");
+    text->Close();
+    EXPECT_EQ(file_bytes(folder / "t"), "a,b\r;\n");
+    EXPECT_EQ(FolderItem(folder / "t").OpenAsTextFile()->ReadAll(), "a,b\r;\n");
+}
+
+TEST(Streams, what_cannot_be_read_is_a_fault_with_the_systems_reason) {
+    const TemporaryFolder folder;
+    struct Case {
+        fs::path path;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {folder / "missing",         "No such file or directory"},
+        {folder.path(),              "Is a directory"           },
+        {fs::path("/proc/self/mem"), "Input/output error"       }, // opens, and then does not read
+    };
+    for (const auto& c : cases) {
+        try {
+            FolderItem(c.path).OpenAsBinaryFile();
+            FAIL() << c.path;
+        } catch (const Fault& fault) {
+            EXPECT_EQ(fault.kind(), FaultKind::read_failed);
+            EXPECT_EQ(fault.what(), "The file \"" + c.path.string() + "\" could not be read: " + c.reason + ".");
+        }
+        EXPECT_EQ(fault_of([&] { FolderItem(c.path).OpenAsTextFile(); }), FaultKind::read_failed);
+    }
+}
+
+} // namespace
+} // namespace tessit

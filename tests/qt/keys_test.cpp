@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "fixture.h"
+
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+namespace tessit::qt {
+
+namespace {
+
+class Keys : public SampleTest {
+protected:
+    Keys() {
+        window().key_down = [this](const std::string& key) {
+            seen.push_back(key);
+            return use_up;
+        };
+        edit.setFocus();
+    }
+    QLineEdit& edit = find<QLineEdit>("field");
+    Log seen;
+    bool use_up = false;
+};
+
+TEST_F(Keys, EachKeyArrivesInItsForm) {
+    struct Case {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        const char* text;
+        Log seen;
+    };
+    const Case cases[] = {
+        {Qt::Key_Return, Qt::NoModifier,                        "\r",   {"\r"}  },
+        {Qt::Key_Enter,  Qt::KeypadModifier,                    "\r",   {"\x03"}},
+        {Qt::Key_Return, Qt::ControlModifier,                   "\r",   {}      },
+        {Qt::Key_C,      Qt::ControlModifier,                   "\x03", {}      },
+        {Qt::Key_M,      Qt::ControlModifier,                   "\r",   {}      },
+        {Qt::Key_L,      Qt::AltModifier,                       "l",    {}      },
+        {Qt::Key_L,      Qt::ControlModifier,                   "\x0c", {}      },
+        {Qt::Key_L,      Qt::NoModifier,                        "l",    {"l"}   },
+        {Qt::Key_L,      Qt::ShiftModifier,                     "L",    {"L"}   },
+        {Qt::Key_L,      Qt::KeypadModifier,                    "l",    {"l"}   },
+        {Qt::Key_At,     Qt::GroupSwitchModifier,               "@",    {"@"}   },
+        {Qt::Key_At,     Qt::ControlModifier | Qt::AltModifier, "@",    {"@"}   },
+        {Qt::Key_Shift,  Qt::ShiftModifier,                     "",     {}      },
+        {Qt::Key_Left,   Qt::NoModifier,                        "",     {}      },
+    };
+    for (const Case& test : cases) {
+        seen.clear();
+        QKeyEvent press(QEvent::KeyPress, test.key, test.modifiers, QString::fromLatin1(test.text));
+        QCoreApplication::sendEvent(&edit, &press);
+        EXPECT_EQ(seen, test.seen) << "key " << test.key << " modifiers " << test.modifiers;
+    }
+}
+
+TEST_F(Keys, TabLeavesTheFieldUnasked) {
+    QTest::keyClick(&edit, Qt::Key_Tab);
+    EXPECT_TRUE(seen.empty());
+    EXPECT_FALSE(edit.hasFocus());
+}
+
+TEST_F(Keys, AKeyThatIsUsedUpDoesNotReachTheField) {
+    use_up = true;
+    QTest::keyClicks(&edit, "1");
+    EXPECT_EQ(edit.text(), "");
+}
+
+TEST_F(Keys, TheLetterThatEmptiedTheFieldStaysBehindInIt) {
+    window().field.SetText("7.83");
+    window().key_down = [this](const std::string& key) {
+        if (key == "l") {
+            window().field.SetText("");
+        }
+        return false;
+    };
+    QTest::keyClicks(&edit, "l");
+    EXPECT_EQ(edit.text(), "l");
+    EXPECT_EQ(window().field.Text(), "l");
+}
+
+TEST_F(Keys, CommittedTextOfAnInputMethodIsOfferedToo) {
+    QInputMethodEvent commit;
+    commit.setCommitString("lé");
+    QCoreApplication::sendEvent(&edit, &commit);
+    EXPECT_EQ(seen, (Log{"l", "é"}));
+    EXPECT_EQ(window().field.Text(), "lé");
+}
+
+TEST_F(Keys, AHandlerMayCloseItsOwnWindow) {
+    QPointer<WindowWidget> shown(widget);
+    window().key_down = [this](const std::string&) {
+        app.window.Close();
+        return false;
+    };
+    QTest::keyClicks(&edit, "x");
+    EXPECT_FALSE(app.window.exists());
+    EXPECT_TRUE(eventually([&] { return shown == nullptr; }));
+}
+
+TEST_F(Keys, AFaultInAHandlerIsReportedAndGoesNoFurther) {
+    window().key_down = [](const std::string&) -> bool {
+        throw Fault(FaultKind::out_of_bounds, "Beyond <b>the</b> end.");
+    };
+    QString report;
+    QTimer::singleShot(0, widget, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        report = box->text() + box->informativeText();
+        box->accept();
+    });
+    QTest::keyClicks(&edit, "x");
+    EXPECT_TRUE(report.contains("Beyond <b>the</b> end.")) << report.toStdString();
+    EXPECT_TRUE(report.contains("sample.field_KeyDown")) << report.toStdString();
+    EXPECT_EQ(window().field.Text(), "x");
+}
+
+TEST_F(Keys, LeavingForAnotherFieldIsTold) {
+    int left = 0;
+    window().lost_focus = [&] { ++left; };
+    find<QPushButton>("button").setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(left, 1);
+    edit.setFocus(Qt::TabFocusReason);
+    for (const auto reason : {Qt::PopupFocusReason, Qt::ActiveWindowFocusReason, Qt::MenuBarFocusReason}) {
+        find<QPushButton>("button").setFocus(reason);
+        edit.setFocus(reason);
+    }
+    EXPECT_EQ(left, 1);
+}
+
+} // namespace
+
+} // namespace tessit::qt

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+#include "fixture.h"
+
+#include "qt/menu_bar.h"
+
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTableView>
+#include <set>
+
+namespace tessit::qt {
+
+namespace {
+
+class Windows : public SampleTest {
+protected:
+    QMenu& file_menu() { return find<QMenu>("FileMenu"); }
+    QAction& entry(const char* name) {
+        for (QAction* action : file_menu().actions()) {
+            if (action->objectName() == QLatin1String(name)) {
+                return *action;
+            }
+        }
+        throw std::runtime_error(name);
+    }
+};
+
+TEST_F(Windows, MenuAsksAnewEachTimeItOpens) {
+    const auto open = [&] { Q_EMIT file_menu().aboutToShow(); };
+    open();
+    EXPECT_TRUE(entry("FileOpen").isEnabled());
+    EXPECT_FALSE(entry("FileSave").isEnabled());
+    EXPECT_FALSE(entry("FileSaveAs").isEnabled()) << "nothing is bound to it";
+    app.can_save = true;
+    open();
+    EXPECT_TRUE(entry("FileSave").isEnabled());
+    entry("FileSave").trigger();
+    app.can_save = false;
+    entry("FileSave").trigger(); // still shown as enabled; the program has the last word
+    EXPECT_EQ(app.log, Log{"FileSave"});
+}
+
+TEST_F(Windows, MenuOpensByItsLetter) {
+    EXPECT_EQ(file_menu().title(), "&File");
+    QTest::keyClick(widget, Qt::Key_F, Qt::AltModifier);
+    EXPECT_TRUE(eventually([&] { return file_menu().isVisible(); }));
+    QTest::keyClick(&file_menu(), Qt::Key_O);
+    EXPECT_EQ(app.log, Log{"FileOpen"});
+}
+
+TEST(Mnemonics, AreUniqueAndLeaveTheCaptionAsItIs) {
+    const std::vector<std::string> captions{"Create New File", "Open",        "Save",        "Export",
+                                            "Page Setup",      "Print",       "Quit Editor", "",
+                                            "Exit Program",    "Save & Send", "Cc",          "C"};
+    std::set<QChar> letters;
+    const auto marked = with_mnemonics(captions);
+    for (std::size_t at = 0; at < captions.size(); ++at) {
+        QString shown = marked[at];
+        shown.replace("&&", "\x01");
+        const qsizetype mark = shown.indexOf('&');
+        if (mark >= 0) {
+            EXPECT_TRUE(letters.insert(shown[mark + 1].toLower()).second) << captions[at];
+        }
+        EXPECT_EQ(shown.remove('&').replace("\x01", "&").toStdString(), captions[at]);
+    }
+    EXPECT_EQ(letters.size(), 10U);
+}
+
+TEST_F(Windows, ClosingIsTheProgramsDecision) {
+    QPointer<WindowWidget> shown(widget);
+    app.keeps_open = true;
+    widget->close();
+    EXPECT_TRUE(widget->isVisible());
+    app.keeps_open = false;
+    widget->close();
+    EXPECT_FALSE(app.window.exists());
+    EXPECT_TRUE(eventually([&] { return shown == nullptr; }));
+    EXPECT_EQ(app.log, (Log{"cancel close", "cancel close"}));
+}
+
+TEST_F(Windows, WhileAHandlerRunsClosingIsRefused) {
+    window().on_button = [this] { widget->close(); };
+    QTest::mouseClick(&find<QPushButton>("button"), Qt::LeftButton);
+    EXPECT_TRUE(app.window.exists());
+    EXPECT_TRUE(app.log.empty());
+}
+
+TEST_F(Windows, OrderFollowsTheWindowSystemOnceTheHandlerHasEnded) {
+    app.second->Show();
+    WindowWidget* second = desktop.widget_of(app.second.get());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(second));
+    app.from_user("event", [] {});
+    EXPECT_TRUE(app.in_front(app.second.get()));
+    app.from_user("handler", [&] {
+        widget->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(widget));
+        EXPECT_TRUE(app.in_front(app.second.get()));
+    });
+    EXPECT_TRUE(eventually([&] { return app.in_front(window()); }));
+    EXPECT_NE(second->pos(), widget->pos());
+}
+
+TEST_F(Windows, HiddenAndShownAgainKeepsTheWidgets) {
+    window().Hide();
+    EXPECT_FALSE(widget->isVisible());
+    window().Show();
+    EXPECT_TRUE(widget->isVisible());
+    EXPECT_EQ(desktop.widget_of(window()), widget);
+}
+
+TEST_F(Windows, FocusGivenBeforeTheFirstShowIsThereAfterwards) {
+    app.second->button.SetFocus();
+    app.second->Show();
+    WindowWidget* second = desktop.widget_of(app.second.get());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(second));
+    EXPECT_TRUE(eventually([&] { return QApplication::focusWidget() == second->findChild<QPushButton*>("button"); }));
+    EXPECT_TRUE(find<QLineEdit>("field").window()->focusWidget() == &find<QLineEdit>("field"));
+}
+
+TEST_F(Windows, ContentPlaceIsTold) {
+    widget->move(120, 90);
+    const QPoint corner = widget->centralWidget()->mapToGlobal(QPoint(0, 0));
+    EXPECT_TRUE(eventually([&] { return window().Left() == corner.x() && window().Top() == corner.y(); }));
+    EXPECT_GE(window().Top(), 90 + find<QTableView>("table").fontMetrics().height()) << "below the menu bar";
+}
+
+TEST_F(Windows, TableGrowsWithTheWindowAndASmallWindowScrolls) {
+    auto& table = find<QTableView>("table");
+    const QSize designed = table.size();
+    const QSize start = widget->size();
+    EXPECT_EQ(designed, QSize(360, 140));
+    widget->resize(start + QSize(100, 60));
+    EXPECT_TRUE(eventually([&] { return table.size() == designed + QSize(100, 60); }));
+    widget->resize(260, 200);
+    EXPECT_TRUE(eventually([&] { return table.size() == designed; }));
+    auto* area = qobject_cast<QScrollArea*>(widget->centralWidget());
+    EXPECT_GT(area->verticalScrollBar()->maximum(), 0);
+    widget->resize(start);
+    EXPECT_TRUE(eventually([&] { return area->verticalScrollBar()->maximum() == 0; }));
+}
+
+TEST_F(Windows, NoticeIsPaintedWhileTheHandlerBlocks) {
+    app.from_user("transfer", [&] {
+        app.notice->bar.SetValue(90);
+        app.notice->Show();
+        app.notice->bar.Refresh();
+        WindowWidget* notice = desktop.widget_of(app.notice.get());
+        EXPECT_TRUE(notice->windowHandle()->isExposed());
+        EXPECT_EQ(notice->findChild<QProgressBar*>("bar")->value(), 90);
+        EXPECT_EQ(app.front_window(), &window());
+    });
+    EXPECT_TRUE(widget->isActiveWindow());
+}
+
+TEST_F(Windows, LongWaitRepaintsAndLetsNoInputIn) {
+    struct Painted : QObject {
+        int count = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            count += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    } painted;
+    auto& button = find<QPushButton>("button");
+    button.installEventFilter(&painted);
+    app.from_user("transfer", [&] {
+        for (int wait = 0; wait < 60; ++wait) {
+            button.update();
+            app.wait(5'000);
+        }
+    });
+    EXPECT_GT(painted.count, 0);
+    EXPECT_TRUE(app.log.empty());
+}
+
+} // namespace
+
+} // namespace tessit::qt

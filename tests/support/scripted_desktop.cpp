@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "support/scripted_desktop.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+
+namespace tessit::testing {
+
+namespace fs = std::filesystem;
+
+void SimulatedClock::idle(Microseconds at_most) {
+    now_ += at_most;
+    idled_ += at_most;
+    if (on_idle) {
+        on_idle();
+    }
+}
+
+TemporaryFolder::TemporaryFolder() {
+    std::string name = (fs::temp_directory_path() / "tessit-test-XXXXXX").string();
+    path_ = mkdtemp(name.data());
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code error;
+    fs::remove_all(path_, error);
+}
+
+std::string file_bytes(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+void write_file(const fs::path& file, const std::string& bytes) {
+    std::ofstream(file, std::ios::binary) << bytes;
+}
+
+std::string hex(const std::string& bytes) {
+    static constexpr char digits[] = "0123456789abcdef";
+    std::string text;
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        text += text.empty() ? "" : " ";
+        text += digits[byte / 16];
+        text += digits[byte % 16];
+    }
+    return text;
+}
+
+ScriptedDesktop::~ScriptedDesktop() {
+    for (const auto& expected : messages_) {
+        ADD_FAILURE() << "never asked: " << expected.message;
+    }
+    for (const auto& expected : expected_faults_) {
+        ADD_FAILURE() << "no fault came from " << expected;
+    }
+    EXPECT_TRUE(files_.empty()) << "a file dialog did not come";
+}
+
+void ScriptedDesktop::expect_message(const std::string& message, DialogAnswer answer) {
+    messages_.push_back({message, answer});
+}
+
+void ScriptedDesktop::expect_fault(const std::string& handler) {
+    expected_faults_.push_back(handler);
+}
+
+void ScriptedDesktop::choose_file(const fs::path& file) {
+    files_.push_back(file);
+}
+
+DialogAnswer ScriptedDesktop::show_dialog(const MessageDialog& dialog) {
+    dialogs.push_back(dialog);
+    if (messages_.empty()) {
+        ADD_FAILURE() << "unexpected dialog: " << dialog.Message;
+        return DialogAnswer::cancel;
+    }
+    const ExpectedMessage expected = messages_.front();
+    messages_.pop_front();
+    EXPECT_EQ(dialog.Message, expected.message);
+    return expected.answer;
+}
+
+void ScriptedDesktop::show_fault(const FaultReport& report) {
+    faults.push_back(report);
+    if (expected_faults_.empty()) {
+        ADD_FAILURE() << "unexpected fault in " << report.handler << ": " << report.what;
+        return;
+    }
+    EXPECT_EQ(report.handler, expected_faults_.front()) << report.what;
+    expected_faults_.pop_front();
+}
+
+std::optional<FolderItem> ScriptedDesktop::next_file(const FileRequest& request) {
+    file_requests.push_back(request);
+    if (files_.empty()) {
+        ADD_FAILURE() << "unexpected file dialog: " << request.default_name;
+        return std::nullopt;
+    }
+    const fs::path file = files_.front();
+    files_.pop_front();
+    return file.empty() ? std::nullopt : std::optional(FolderItem(file));
+}
+
+} // namespace tessit::testing

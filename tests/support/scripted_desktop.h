@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+// The desktop of the tests: a simulated clock, a program folder of its own, and dialogs that are answered by the
+// test. A question that the test did not expect fails it, and so does an answer that was not used up.
+#pragma once
+
+#include "platform/application.h"
+#include "platform/desktop.h"
+
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tessit::testing {
+
+// Moves only when it is asked to idle, or by hand.
+class SimulatedClock : public Clock {
+public:
+    Microseconds now() override { return now_; }
+    void idle(Microseconds at_most) override;
+
+    void advance(Microseconds by) { now_ += by; }
+    Microseconds idled() const { return idled_; }
+    std::function<void()> on_idle; // after each idling
+
+private:
+    Microseconds now_ = 1'000'000;
+    Microseconds idled_ = 0;
+};
+
+// A folder that is removed with the object.
+class TemporaryFolder {
+public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+    std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
+
+private:
+    std::filesystem::path path_;
+};
+
+std::string file_bytes(const std::filesystem::path& file);
+void write_file(const std::filesystem::path& file, const std::string& bytes);
+std::string hex(const std::string& bytes); // "01 ff", for messages and literals
+
+class ScriptedDesktop : public Desktop {
+public:
+    ~ScriptedDesktop() override;
+
+    // Script. Texts are compared whole.
+    void expect_message(const std::string& message, DialogAnswer answer = DialogAnswer::action);
+    void expect_fault(const std::string& handler);       // where the fault came from; its text is in `faults`
+    void choose_file(const std::filesystem::path& file); // the next file dialog; an empty path dismisses it
+    void dismiss_file_dialog() { choose_file({}); }
+    void connect(SerialPorts& ports) { switchboard_.connected = &ports; }
+
+    // What happened.
+    std::vector<MessageDialog> dialogs;
+    std::vector<FileRequest> file_requests;
+    std::vector<FaultReport> faults;
+    std::vector<std::string> shown; // names of windows in the order in which they were shown
+    int beeps = 0;
+    bool has_quit = false;
+
+    SimulatedClock simulated_clock;
+    TemporaryFolder folder;
+
+    Clock& clock() override { return simulated_clock; }
+    SerialPorts& serial_ports() override { return switchboard_; }
+    FolderItem program_folder() override { return FolderItem(folder.path()); }
+    DialogAnswer show_dialog(const MessageDialog& dialog) override;
+    std::optional<FolderItem> choose_open_file(const FileRequest& request) override { return next_file(request); }
+    std::optional<FolderItem> choose_save_file(const FileRequest& request) override { return next_file(request); }
+    void show_fault(const FaultReport& report) override;
+    void Beep() override { ++beeps; }
+    void window_shown(Window& window) override { shown.push_back(window.name()); }
+    void window_hidden(Window&) override {}
+    void window_closed(Window&) override {}
+    void quit() override { has_quit = true; }
+
+private:
+    struct Switchboard : SerialPorts { // to the ports that are connected now
+        SerialPorts* connected = nullptr;
+        std::vector<SerialPort> list() override {
+            return connected == nullptr ? std::vector<SerialPort>{} : connected->list();
+        }
+        std::unique_ptr<SerialLine> open(const SerialPort& port, const SerialSettings& settings) override {
+            return connected == nullptr ? nullptr : connected->open(port, settings);
+        }
+    };
+    struct ExpectedMessage {
+        std::string message;
+        DialogAnswer answer;
+    };
+
+    std::optional<FolderItem> next_file(const FileRequest& request);
+
+    Switchboard switchboard_;
+    std::deque<ExpectedMessage> messages_;
+    std::deque<std::string> expected_faults_;
+    std::deque<std::filesystem::path> files_;
+};
+
+} // namespace tessit::testing

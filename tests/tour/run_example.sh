@@ -1,0 +1,18 @@
+#!/bin/bash
+# SPDX-License-Identifier: MIT
+# Takes the tour with its example levels and compares the files that it leaves with literals that were worked out by
+# hand. Usage: run_example.sh FOLDER-OF-PROGRAMS TARGET-FOLDER
+set -euo pipefail
+
+bin=$(realpath "$1")
+target=$2
+cd "$(dirname "$0")"
+
+PYTHONDONTWRITEBYTECODE=1 PYTHONPATH=../../tools /usr/bin/python3 -m tour "$target" \
+    --program "$bin/tessit-control" --emulator "$bin/zephon-emulator"
+
+status=0
+od -A n -v -t x1 -w12 "$target/protocol.zp2" | sed 's/^ //' | diff -u example/protocol.hex - || status=1
+diff -u example/table.tsv "$target/table.tsv" || status=1
+diff -u example/bank.hex "$target/bank.hex" || status=1
+exit $status
