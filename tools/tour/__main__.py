@@ -1,0 +1,107 @@
+# SPDX-License-Identifier: MIT
+"""Entry of the tour: reads the arguments, sets the stage, runs the steps and clears everything away."""
+
+import argparse
+import shutil
+import signal
+import sys
+import tempfile
+from pathlib import Path
+
+from . import TourError, children, display
+from .diary import Diary
+from .emulator import Emulator
+from .levels import read_levels
+
+EXAMPLE = Path(__file__).with_name("levels.tsv")
+HELP_ON_LEVELS = """\
+The levels file has a header and the columns wave, width, base, time, pulse, rate, duty, shape, output, set apart by
+tabs: 1 to 50 levels, times in MM:SS form, every value as the entry field takes it. An empty time, rate or base
+empties its field, an empty duty chooses the list's empty entry, and any other empty value leaves its list as it is.
+The width of a Single Frequency is not looked at: its list is disabled.
+"""
+
+
+def main():
+    """Runs the tour; the exit code is 0 only when every step did what it should, 2 for wrong arguments."""
+    arguments = parse(sys.argv[1:])
+    signal.signal(signal.SIGTERM, stop)
+    try:
+        levels = read_levels(arguments.levels)
+    except TourError as wrong:
+        sys.exit(f"tour: {wrong}")
+    diary = Diary(arguments.folder)
+    children.adopt_orphans()
+    with tempfile.TemporaryDirectory(prefix="tour-") as folder:
+        try:
+            return run(arguments, levels, diary, Path(folder))
+        finally:
+            children.end_all()
+
+
+def parse(words):
+    """The arguments."""
+    parser = argparse.ArgumentParser("tour", description=__doc__, epilog=HELP_ON_LEVELS,
+                                     formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("folder", type=Path, help="where the tour leaves its files")
+    parser.add_argument("--program", type=Path, required=True, help="tessit-control")
+    parser.add_argument("--emulator", type=Path, required=True, help="zephon-emulator")
+    parser.add_argument("--levels", type=Path, default=EXAMPLE, help="what to type")
+    return parser.parse_args(words)
+
+
+def stop(*_):
+    """Asked to end from outside: as an exception, so that all is cleared away."""
+    sys.exit(143)
+
+
+def run(arguments, levels, diary, folder):
+    """Sets the stage in "folder" and runs the steps; failures are told and pictured."""
+    try:
+        display.start_display(folder)
+        return take_tour(arguments, levels, diary, folder)
+    except TourError as failure:
+        diary.tell(f"FAILED: {failure}")
+    except Exception as surprise:  # Whatever it is, it is to be told and pictured like any failure.
+        diary.tell(f"FAILED, by the tour's own fault: {surprise!r}")
+        raise
+    finally:
+        keep_logs(folder, diary.folder)
+    return 1
+
+
+def take_tour(arguments, levels, diary, folder):
+    """Starts emulator and program and runs the steps; a failure is pictured before the display ends."""
+    from .desktop import Desktop  # Needs the display's environment.
+    from .steps import Tour
+
+    emulator = Emulator(arguments.emulator, folder / "emulator.log")
+    diary.tell("The emulator tells:\n" + "\n".join(emulator.greeting))
+    program = start_program(arguments.program, folder)
+    try:
+        Tour(Desktop(program), emulator, diary, folder).run(levels)
+    except Exception:
+        display.screenshot(diary.next_picture("failure"))
+        raise
+    diary.tell("The tour is complete")
+    return 0
+
+
+def start_program(program, folder):
+    """Starts a copy of the program in a folder of its own: the user's settings are neither used nor touched."""
+    place = folder / "program"
+    place.mkdir()
+    copy = shutil.copy2(program, place)
+    with open(folder / "program.log", "wb") as log:
+        return children.start([copy], cwd=folder, stdout=log, stderr=log)
+
+
+def keep_logs(folder, target):
+    """What the processes told stays beside the tour's log when there was something."""
+    for log in folder.glob("*.log"):
+        if log.stat().st_size:
+            shutil.copy(log, target / log.name)
+
+
+if __name__ == "__main__":
+    sys.exit(main())
