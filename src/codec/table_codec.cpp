@@ -50,11 +50,7 @@ void App::displaydata(std::int32_t image_level) {
     const DecodedLevel decoded =
         decode_level(bytes(image_level), {.time_form = time_form_of(default_timeformat),
                                           .mark = use_euro ? DecimalMark::comma : DecimalMark::point});
-    for (int i = 0; i < column::count; ++i) {
-        if (const auto& text = decoded.cells[static_cast<std::size_t>(i)]) {
-            table.SetCell(target, i, *text);
-        }
-    }
+    show_level(table, target, decoded);
     editwindow->add_to_totals(decoded);
     insert = false;
 }

@@ -5,6 +5,7 @@
 #include "core/menus.h"
 #include "core/number.h"
 #include "core/popup_window.h"
+#include "device/read_window.h"
 #include "editor/edit_window.h"
 #include "platform/text.h"
 
@@ -23,7 +24,14 @@ float App::strintR(const std::string& text) {
 }
 
 DocumentWindow* App::front_document() {
-    return myactivewindow == document::editor ? &editwindow.get() : nullptr;
+    switch (myactivewindow) {
+    case document::editor:
+        return &editwindow.get();
+    case document::reader:
+        return &ReadZPWindow.get();
+    default:
+        return nullptr;
+    }
 }
 
 void App::save_settings_and_quit() {

@@ -16,6 +16,8 @@ class LoadDirectWindow;
 class LoadZephonWindow;
 class MainWindow;
 class PopupWindow;
+class PreferencesWindow;
+class ReadWindow;
 class SettingsWindow;
 
 class App : public Application, public AppState {
@@ -49,24 +51,38 @@ public:
     bool _FileCreateNewFile_Action();
     bool _FileOpen_Action();
     bool _FileSave_Action();
+    bool _FileExport_Action();
     bool _FileQuitEditor_Action();
     bool _FileExitProgram_Action();
     bool _SettingsSaveSettings_Action();
+    bool _SettingsSetPreferences_Action();
 
-    // editor: level entry.
+    Instance<PreferencesWindow> SetPreferencesWindow{*this};
+
+    // editor: level entry and the commands on rows.
     void Update_display();
+    bool _EditDeleteRow_Action();
+    bool _EditInsertRow_Action();
+    bool _EditMakeallSine_Action();
+    bool _EditMakeallSquare_Action();
+    bool _EditEditProtocol_Action();
+    bool _Untitled_Action() { return true; } // stands behind a name that no entry carries
 
     Instance<EditWindow> editwindow{*this};
 
     // device: serial settings and the transfers.
     void sendzephon();
+    void getdata();
+    void showzephon();
     bool _SettingsSetSerialPort_Action();
     bool _ZephonLoadDirect_Action();
     bool _ZephonLoadFromFile_Action();
+    bool _ZephonReadZephon_Action();
 
     Instance<SettingsWindow> settings_window{*this};
     Instance<LoadDirectWindow> load_direct_window{*this};
     Instance<LoadZephonWindow> loadzephonWindow{*this};
+    Instance<ReadWindow> ReadZPWindow{*this};
 
 protected:
     void show_main_window() override;

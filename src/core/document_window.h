@@ -3,6 +3,7 @@
 #pragma once
 
 #include "codec/encoder.h"
+#include "core/app_state.h"
 #include "platform/listbox.h"
 
 namespace tessit {
@@ -15,5 +16,8 @@ public:
     virtual int last_level_row() = 0;           // levels are rows 1 to this one
     virtual EncodingRules encoding_rules() = 0; // how this window's texts become bytes
 };
+
+// The printed report's column widths and alignments, which every level table sets when it opens.
+void set_up_report_columns(AppState& state);
 
 } // namespace tessit

@@ -50,6 +50,28 @@ inline LevelCells cells_of(const Listbox& table, int row) {
     return cells;
 }
 
+// Row 0, headings and screen widths.
+inline void set_up_level_table(Listbox& table) {
+    table.AddRow("");
+    table.SetHeadings(level_table_headings);
+    table.SetColumnWidths(level_table_widths);
+}
+
+inline void align_level_table(Listbox& table) {
+    for (const int right : {column::base, column::time_each, column::total_time}) {
+        table.SetColumnAlignment(right, Align::right);
+    }
+    for (const int center : {column::width, column::frequencies, column::pulse, column::rate, column::duty_cycle}) {
+        table.SetColumnAlignment(center, Align::center);
+    }
+}
+
+inline void renumber_levels(Listbox& table) {
+    for (int row = 1; row < table.ListCount(); ++row) {
+        table.SetCell(row, column::level, Str(row));
+    }
+}
+
 // Column 2 of every row with the decimal mark exchanged; no other column knows the setting.
 inline void exchange_base_marks(Listbox& table, std::string_view from, std::string_view to) {
     for (int row = 0; row <= table.LastIndex(); ++row) {

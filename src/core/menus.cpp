@@ -52,11 +52,19 @@ void App::_ApplicationAddMenuHandlers() {
     bind("FileCreateNewFile", &App::_FileCreateNewFile_Action);
     bind("FileOpen", &App::_FileOpen_Action);
     bind("FileSave", &App::_FileSave_Action);
+    bind("FileExport", &App::_FileExport_Action);
     bind("FileQuitEditor", &App::_FileQuitEditor_Action);
     bind("FileExitProgram", &App::_FileExitProgram_Action);
     bind("ZephonLoadDirect", &App::_ZephonLoadDirect_Action);
     bind("ZephonLoadFromFile", &App::_ZephonLoadFromFile_Action);
+    bind("ZephonReadZephon", &App::_ZephonReadZephon_Action);
+    bind("EditDeleteRow", &App::_EditDeleteRow_Action);
+    bind("EditInsertRow", &App::_EditInsertRow_Action);
+    bind("EditMakeallSine", &App::_EditMakeallSine_Action);
+    bind("EditMakeallSquare", &App::_EditMakeallSquare_Action);
+    bind("EditEditProtocol", &App::_EditEditProtocol_Action);
     bind("SettingsSetSerialPort", &App::_SettingsSetSerialPort_Action);
+    bind("SettingsSetPreferences", &App::_SettingsSetPreferences_Action);
     bind("SettingsSaveSettings", &App::_SettingsSaveSettings_Action);
 }
 
@@ -81,6 +89,11 @@ const EnableRules editwindow{
     .enables = {"FileSave",          "FileExport",         "FilePrint", "EditDeleteRow", "EditInsertRow", "ZephonLoadDirect"},
     .disables = { "FileCreateNewFile", "EditCut", "EditCopy", "EditPaste",                                   "EditEditProtocol",                                "ZephonLoadFromFile",
                 "ConsolidatorNew", "ConsolidatorOpen", "ConsolidatorQuit", "SettingsSaveSettings"},
+};
+
+const EnableRules ReadZPWindow{
+    .enables = {"FileSave",   "EditEditProtocol"},
+    .disables = { "EditCut", "EditCopy",    "EditPaste", "EditDeleteRow"},
 };
 
 const EnableRules settings_windows{

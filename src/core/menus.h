@@ -22,6 +22,7 @@ struct EnableRules {
 namespace enable_rules {
 extern const EnableRules Window1;
 extern const EnableRules editwindow;
+extern const EnableRules ReadZPWindow;
 extern const EnableRules settings_windows; // settings_window and SetPreferencesWindow
 } // namespace enable_rules
 

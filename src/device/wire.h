@@ -24,6 +24,16 @@ inline constexpr Microseconds first_byte_wait = 10'000; // behind byte 0 of a le
 inline constexpr Microseconds byte_wait = 5'000;        // behind each of the others and each padding byte
 inline constexpr Microseconds acknowledge_wait = 1'000; // between two looks for an acknowledge
 
+// Reading: the generator calls and sends, the program acknowledges blindly. 55 rounds of 18 reads are 990 attempts at
+// the 969 bytes of 51 records.
+inline constexpr int call_tries = 1000; // one more ends the read
+inline constexpr int read_rounds = 55;
+inline constexpr Microseconds call_wait = 500;     // before each look for a call
+inline constexpr Microseconds call_pause = 10'000; // behind a look that found none
+inline constexpr Microseconds answer_wait = 5'000; // between the two bytes of the answer
+inline constexpr Microseconds before_address_acknowledge = 12'000;
+inline constexpr Microseconds before_data_acknowledge = 10;
+
 inline constexpr int banks = 40;
 inline constexpr int bytes_per_bank = 800;
 inline constexpr int bytes_per_level = 16;
@@ -43,6 +53,9 @@ struct Address {
 inline Address bank_address(int bank) {
     return Address{}.plus((bank - 1) * bytes_per_bank);
 }
+
+// The bank that an address read from the generator belongs to.
+int bank_number(Address address);
 
 // The generator counts 255s: c is their number among the record's bytes without its check byte; below 4 the count
 // byte is 4 (so 1 to 3 of them count for nothing), otherwise c + 4.

@@ -18,19 +18,9 @@ void EditWindow::Event_Open() {
     app.myactivewindow = document::editor;
     (app.use_euro ? isoDecimal : naDecimal).SetValue(true);
 
-    edit_displayBox.AddRow("");
-    edit_displayBox.SetHeadings(level_table_headings);
-    edit_displayBox.SetColumnWidths(level_table_widths);
-    app.cwidth = Split(report_column_widths, ",");
-    for (int i = 0; i < column::count; ++i) {
-        app.calign[i] = report_column_alignments[static_cast<std::size_t>(i)];
-    }
-    for (const int right : {column::base, column::time_each, column::total_time}) {
-        edit_displayBox.SetColumnAlignment(right, Align::right);
-    }
-    for (const int center : {column::width, column::frequencies, column::pulse, column::rate, column::duty_cycle}) {
-        edit_displayBox.SetColumnAlignment(center, Align::center);
-    }
+    set_up_level_table(edit_displayBox);
+    set_up_report_columns(app);
+    align_level_table(edit_displayBox);
 
     level_field.SetText("1");
     level_field.SetText(Str(edit_displayBox.LastIndex() + 1));

@@ -89,13 +89,13 @@ std::optional<std::int32_t> bank_frequencies(std::int32_t start, const std::vect
     return start;
 }
 
-std::string bank_time(const std::vector<std::string>& cells) {
+std::string bank_time(const std::vector<std::string>& cells, PlainSeconds plain_seconds) {
     ClockTime total;
-    bool plain_seconds = false;
+    bool last_was_plain = false;
     for (const std::string& cell : cells) {
         const Array<std::string> pieces = Split(cell, ":");
-        plain_seconds = pieces.count() == 1;
-        if (plain_seconds) {
+        last_was_plain = pieces.count() == 1 && plain_seconds == PlainSeconds::added;
+        if (last_was_plain) {
             total.seconds = plus(total.seconds, number(pieces[0])); // no carry, however large
             continue;
         }
@@ -109,7 +109,7 @@ std::string bank_time(const std::vector<std::string>& cells) {
         }
         total = carried(total);
     }
-    return plain_seconds ? Str(total.seconds) : format_clock(total);
+    return last_was_plain ? Str(total.seconds) : format_clock(total);
 }
 
 } // namespace tessit

@@ -46,6 +46,7 @@ std::optional<std::int32_t> bank_frequencies(std::int32_t start, const std::vect
 
 // "Total Bank Time" from the Total Time cells of rows 1 on. The last row decides the form: plain seconds show the
 // seconds' sum alone, without the clock rows' hours and minutes. An empty cell is Fault out_of_bounds.
-std::string bank_time(const std::vector<std::string>& cells);
+enum class PlainSeconds { added, out_of_bounds }; // out of bounds where Delete Row adds up: it knows clock times only
+std::string bank_time(const std::vector<std::string>& cells, PlainSeconds plain_seconds = PlainSeconds::added);
 
 } // namespace tessit

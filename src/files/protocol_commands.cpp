@@ -2,6 +2,7 @@
 // The File menu's commands on protocols, and the two ways between a protocol file and the register image.
 #include "core/app.h"
 #include "core/popup_window.h"
+#include "device/read_window.h"
 #include "editor/edit_window.h"
 #include "files/protocol_file.h"
 #include "platform/text.h"
@@ -22,9 +23,7 @@ void show_records(App& app, BinaryInputStream& stream) {
     for (int level = app.start_level; !stream.EndOfFile(); ++level) {
         read_record(stream, app, level);
         if (table.LastIndex() >= most_levels) {
-            app.ShowModal({.Message = "This Protocol requires more space than available in this bank\r"
-                                      "Some data may have been dropped",
-                           .Icon = DialogIcon::caution});
+            app.ShowModal(no_room_dialog());
             return;
         }
         if (app.db3[level] != 0) { // a blank level takes an index but no row
@@ -81,6 +80,10 @@ bool App::_FileSave_Action() {
         filename = editwindow->namefield.Text();
         writezpFile();
         editchanged = false; // also when the dialog was dismissed
+    } else if (myactivewindow == document::reader) {
+        filename = ReadZPWindow->bankfield.Text();
+        writezpFile();
+        readchanged = false;
     }
     return true;
 }

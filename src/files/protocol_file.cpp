@@ -53,4 +53,10 @@ MessageDialog unsaved_work_dialog(const std::string& what_is_unsaved) {
     };
 }
 
+MessageDialog no_room_dialog() {
+    return {.Message = "This Protocol requires more space than available in this bank\r"
+                       "Some data may have been dropped",
+            .Icon = DialogIcon::caution};
+}
+
 } // namespace tessit

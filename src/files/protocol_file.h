@@ -31,4 +31,7 @@ void write_protocol(BinaryOutputStream& stream, const RegisterImage& image, Unse
 // The question that every working window asks about its unsaved work: "Save", "Don't Save", Cancel.
 MessageDialog unsaved_work_dialog(const std::string& what_is_unsaved);
 
+// What is told when a table has no row left for a level.
+MessageDialog no_room_dialog();
+
 } // namespace tessit

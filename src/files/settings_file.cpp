@@ -4,6 +4,7 @@
 #include "core/app.h"
 #include "core/number.h"
 #include "device/settings_window.h"
+#include "files/preferences_window.h"
 #include "platform/text.h"
 
 namespace tessit {
@@ -103,6 +104,7 @@ SettingEffect apply_setting(AppState& state, const Array<std::string>& items) {
 
 void App::savesettings() {
     settings_window.Close();
+    SetPreferencesWindow.Close();
     const FolderItem folder = GetFolderItem("");
     settings_window->outputfield.SetText("serial port," + Str(portnum));
     if (!filepath) {

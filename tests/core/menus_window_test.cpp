@@ -24,13 +24,18 @@ TEST(Menus, each_window_offers_its_commands) {
     Program program;
     App& app = program.app;
     EXPECT_EQ(offered(app), "FileCreateNewFile FileOpen FileQuitEditor FileExitProgram ZephonLoadFromFile "
-                            "SettingsSetSerialPort");
+                            "ZephonReadZephon EditMakeallSine EditMakeallSquare SettingsSetSerialPort "
+                            "SettingsSetPreferences");
     program.new_protocol();
-    EXPECT_EQ(offered(app), "FileOpen FileSave FileQuitEditor FileExitProgram ZephonLoadDirect SettingsSetSerialPort");
+    const std::string in_editor = "FileOpen FileSave FileExport FileQuitEditor FileExitProgram ZephonLoadDirect "
+                                  "ZephonReadZephon EditDeleteRow EditInsertRow EditMakeallSine EditMakeallSquare "
+                                  "SettingsSetSerialPort SettingsSetPreferences";
+    EXPECT_EQ(offered(app), in_editor);
     app.choose_menu("SettingsSetSerialPort");
-    EXPECT_EQ(offered(app), "FileExitProgram SettingsSaveSettings");
+    EXPECT_EQ(offered(app), "FileExitProgram ZephonReadZephon EditMakeallSine EditMakeallSquare EditEditProtocol "
+                            "SettingsSaveSettings");
     app.settings_window->close_by_user();
-    EXPECT_EQ(offered(app), "FileOpen FileSave FileQuitEditor FileExitProgram ZephonLoadDirect SettingsSetSerialPort");
+    EXPECT_EQ(offered(app), in_editor);
     app.choose_menu("FileQuitEditor");
     EXPECT_TRUE(app.Window1->Visible());
     app.choose_menu("FileSave"); // disabled: nothing happens

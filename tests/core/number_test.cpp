@@ -26,7 +26,7 @@ TEST(ReadNumber, accumulates_digits_and_skips_the_rest) {
         {"3:00",      300.0F      },
         {"-4.5",      4.5F        },
         {"1.2.3",     12.3F       }, // the last point decides
-        {"1.5 Hz",    0.015F      }, // characters behind the point count as decimals, digits or not
+        {"1.5 Hz",    0.0015F     }, // characters behind the point count as decimals, digits or not
         {"1.5é",     0.15F       }, // a character, however many bytes it takes
         {"50%",       50.0F       },
         {"1e3",       13.0F       },

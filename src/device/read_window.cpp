@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "device/read_window.h"
+
+#include "core/main_window.h"
+#include "core/menus.h"
+#include "device/load_direct_window.h"
+#include "device/settings_window.h"
+#include "files/protocol_file.h"
+
+namespace tessit {
+
+void ReadWindow::Event_Open() {
+    app.myactivewindow = document::reader;
+    if (!app.serialselected) {
+        return app.MsgBox("No Serial Port Selected"); // and the window stays empty
+    }
+    Serial& line = app.Window1->serial_port;
+    if (line.Open()) {
+        connectfield.SetText(connected_text(line));
+    }
+    (app.use_euro ? isoDecimal : naDecimal).SetValue(true);
+    messagebox.SetText("Click the Read button.\r"
+                       "Press 5 then 2 on Zephon to select transfer single bank\r"
+                       "Then enter bank number to transfer and press # to start the transfer");
+    set_up_level_table(displaybox);
+    set_up_report_columns(app);
+    align_level_table(displaybox);
+    app.Window1->Hide();
+}
+
+void ReadWindow::Event_Activate() {
+    app.myactivewindow = document::reader;
+}
+
+void ReadWindow::Readbutton_Action() {
+    app.ReadZPWindow.Close(); // opened anew, the table is empty; a veto leaves it as it is, and the read goes on
+    app.ReadZPWindow->Show();
+    app.Window1->Hide();
+    if (!app.serialselected) {
+        app.MsgBox("No Serial Port Selected");
+    }
+    Serial& line = app.Window1->serial_port;
+    if (line.Open()) {
+        app.load_direct_window->connectField.SetText(connected_text(line)); // that window's field, not this one's
+    }
+    app.getdata();
+    app.changed = true; // also when no generator answered
+    app.readchanged = true;
+    line.Close();
+}
+
+void ReadWindow::naDecimal_Action() {
+    app.use_euro = false;
+    exchange_base_marks(displaybox, ",", ".");
+}
+
+void ReadWindow::isoDecimal_Action() {
+    app.use_euro = true;
+    exchange_base_marks(displaybox, ".", ",");
+}
+
+EncodingRules ReadWindow::encoding_rules() {
+    return {.time_form = app.default_timeformat == 0 ? TimeForm::seconds : TimeForm::clock,
+            .comma = CommaRule::stays,
+            .rate = RateRule::high_byte_by_10,
+            .blank_rows = BlankRows::skipped};
+}
+
+bool ReadWindow::Event_CancelClose() {
+    if (!app.readchanged) {
+        return false;
+    }
+    switch (app.ShowModal(unsaved_work_dialog("Data just read from the Zephon has not been saved to file"))) {
+    case DialogAnswer::cancel:
+        return true;
+    case DialogAnswer::action:
+        app.filename = bankfield.Text();
+        app.writezpFile();
+        break;
+    case DialogAnswer::alternate:
+        break;
+    }
+    app.changed = false;
+    app.readchanged = false;
+    app.insert = false;
+    return false;
+}
+
+void ReadWindow::Event_Close() {
+    app.datareset();
+    app.Window1->Show();
+}
+
+void ReadWindow::Event_EnableMenuItems() {
+    enable_rules::ReadZPWindow.apply(app.MenuBar1);
+}
+
+bool App::_ZephonReadZephon_Action() {
+    Window1->Hide();
+    ReadZPWindow->Show();
+    return true;
+}
+
+} // namespace tessit

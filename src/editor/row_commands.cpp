@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+// The Edit menu's commands on the rows of level tables. None but Edit Protocol sets a change flag.
+#include "core/app.h"
+#include "device/read_window.h"
+#include "editor/edit_window.h"
+#include "editor/level_entry.h"
+#include "files/protocol_file.h"
+#include "platform/text.h"
+
+namespace tessit {
+
+namespace {
+
+constexpr const char* editor_title = "Zephon Protocol Editor";
+constexpr const char* main_title = "Tessit Control";
+
+// The title of the last document window in the list, which need not be the one in front.
+std::string title_of_last_document(const App& app) {
+    std::string title;
+    for (int i = 0; i < app.WindowCount(); ++i) {
+        const Window& window = app.Window(i);
+        if (window.Visible() && window.Frame() == 0 && window.Title() != main_title) {
+            title = window.Title();
+        }
+    }
+    return title;
+}
+
+void remove_selected_level(Listbox& table) {
+    if (table.ListIndex() > 0) {
+        table.RemoveRow(table.ListIndex());
+        renumber_levels(table);
+    }
+}
+
+// From the cells; the running totals of displaydata go on counting the removed row.
+void add_up_totals(EditWindow& w, App& app) {
+    std::vector<float> frequencies;
+    std::vector<std::string> times;
+    for (int row = 1; row < w.edit_displayBox.ListCount(); ++row) {
+        frequencies.push_back(app.strintR(w.edit_displayBox.Cell(row, column::frequencies)));
+        times.push_back(w.edit_displayBox.Cell(row, column::total_time));
+    }
+    if (const auto sum = bank_frequencies(0, frequencies)) {
+        w.BankFreqField.SetText(Str(*sum));
+    }
+    w.BankTimeField.SetText("");
+    w.BankTimeField.SetText(bank_time(times, PlainSeconds::out_of_bounds));
+}
+
+enum class Insertion { done, table_full };
+
+Insertion insert_above_selected(App& app, Listbox& table) {
+    app.row = table.ListIndex();
+    if (table.ListCount() > most_levels) {
+        app.MsgBox("All 50 levels are full");
+        return Insertion::table_full;
+    }
+    table.InsertRow(table.ListIndex(), Str(table.ListCount()));
+    renumber_levels(table);
+    return Insertion::done;
+}
+
+void set_shape_and_duty(Listbox& table, std::string_view shape, std::string_view duty) {
+    for (int row = 0; row < table.ListCount(); ++row) { // the empty row 0 too
+        table.SetCell(row, column::wave_shape, shape);
+        table.SetCell(row, column::duty_cycle, duty);
+    }
+}
+
+void take_levels_over(App& app) {
+    const Listbox& table = app.editwindow->edit_displayBox;
+    for (int i = 0; i < most_levels; ++i) { // generator data stands from index 0 on
+        if (table.LastIndex() >= most_levels) {
+            app.ShowModal(no_room_dialog());
+            return;
+        }
+        if (app.ReadZPWindow->displaybox.Cell(i + 1, column::waveform) != "blank") {
+            app.displaydata(i);
+        }
+    }
+}
+
+} // namespace
+
+bool App::_EditDeleteRow_Action() {
+    if (myactivewindow == document::editor) {
+        remove_selected_level(editwindow->edit_displayBox);
+        add_up_totals(editwindow.get(), *this);
+        editwindow->FreqField.SetFocus();
+    }
+    MenuBar1.item("EditDeleteRow").SetEnabled(false); // until the window's rules are asked again
+    return true;
+}
+
+bool App::_EditInsertRow_Action() {
+    if (title_of_last_document(*this) == editor_title) {
+        Listbox& table = editwindow->edit_displayBox;
+        if (table.ListIndex() > 0) {
+            if (insert_above_selected(*this, table) == Insertion::table_full) {
+                return true;
+            }
+            insert = true;
+        }
+        table.SetListIndex(row); // with nothing selected, the row that was worked on before
+        editwindow->FreqField.SetFocus();
+    }
+    MenuBar1.item("EditDeleteRow").SetEnabled(false);
+    return true;
+}
+
+bool App::_EditMakeallSine_Action() {
+    set_shape_and_duty(editwindow->edit_displayBox, "Sine", "");
+    return true;
+}
+
+bool App::_EditMakeallSquare_Action() {
+    set_shape_and_duty(editwindow->edit_displayBox, "Square", "70"); // without "%", whatever the default duty
+    return true;
+}
+
+bool App::_EditEditProtocol_Action() {
+    EditField& name = editwindow->namefield;
+    const bool appended = editwindow->edit_displayBox.LastIndex() > 1;
+    name.SetText(name.Text() + (appended ? "; " : "") + ReadZPWindow->bankfield.Text());
+    take_levels_over(*this);
+    changed = false;
+    ReadZPWindow.Close();
+    changed = true;
+    editchanged = true;
+    editwindow->Show();
+    return true;
+}
+
+} // namespace tessit

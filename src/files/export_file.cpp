@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "files/export_file.h"
+
+#include "core/app.h"
+#include "core/level_table.h"
+#include "device/settings_window.h"
+#include "editor/edit_window.h"
+#include "platform/text.h"
+
+namespace tessit {
+
+FileType export_file_type() {
+    return {.Name = "Export File/tab", .MacType = "tab", .Extensions = export_extension};
+}
+
+std::string export_text(const Listbox* table) {
+    std::string text = std::string(level_table_headings) + carriage_return;
+    const int last_row = table == nullptr ? 0 : table->LastIndex();
+    for (int row = 1; row <= last_row; ++row) {
+        for (int i = 0; i < column::count; ++i) {
+            text += (i == 0 ? "" : "\t") + table->Cell(row, i);
+        }
+        text += carriage_return;
+    }
+    return text;
+}
+
+bool App::_FileExport_Action() {
+    filetype = export_extension;
+    const auto file = GetSaveFolderItem(export_file_type(), filename + export_extension);
+    settings_window->outputfield.SetText("serial port," + Str(portnum)); // whatever the dialog gave
+    if (!file) {
+        return true;
+    }
+    const Listbox* table = myactivewindow == document::editor ? &editwindow->edit_displayBox : nullptr;
+    auto stream = file->CreateTextFile();
+    stream->WriteLine(export_text(table));
+    stream->Close();
+    return true;
+}
+
+} // namespace tessit
