@@ -182,6 +182,36 @@ TEST(Loading, CallsThatGoOnAfterTheAnswer_AreABreachAndAnsweredAgain) {
     EXPECT_EQ(violation_texts(generator), "the first address / calls although they were answered");
 }
 
+TEST(Loading, CallsThatAHeldUpReaderTakesInTogether_AreAnsweredOnceWithoutABreach) {
+    InReceiveMode generator;
+    generator.receive('V', {.earliest = 1'000'000, .latest = 1'150'000});
+    for (int i = 0; i < 14; ++i) {
+        generator.receive('V', {.earliest = 1'000'000, .latest = 1'150'000});
+    }
+    EXPECT_EQ(generator.take(1'150'000), (Bytes{170, 6}));
+    EXPECT_EQ(violation_texts(generator), "");
+}
+
+TEST(Loading, SenderThatGaveUpOnALateReader_BeginsAnewWithoutABreach) {
+    const struct {
+        std::size_t bytes; // of the load that is given up
+        const char* behind;
+    } cases[] = {
+        {low_at + 1,   "the address"},
+        {count_at + 1, "the record" },
+    };
+    for (const auto& [bytes, behind] : cases) {
+        InReceiveMode generator;
+        Script script = load_script(1);
+        script.resize(bytes);
+        const Microseconds at = play(generator, script);
+        generator.take(at);
+        generator.excuse();
+        EXPECT_EQ(generator.take(play(generator, load_script(1), at + 200'000)), (Bytes{170, 6, 6, 6})) << behind;
+        EXPECT_EQ(violation_texts(generator), "") << behind;
+    }
+}
+
 TEST(Loading, LoadGivenUpInTheMiddle_NextCallBeginsANewOne) {
     InReceiveMode generator;
     Microseconds at = play(generator, load_script(3));
