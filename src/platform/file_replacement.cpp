@@ -19,10 +19,15 @@ namespace {
 
 constexpr mode_t any_write_bit = S_IWUSR | S_IWGRP | S_IWOTH;
 
-// Through links to the file itself, so that a link stays a link.
+// Through links to the file itself, there or not yet, so that a link stays a link.
 fs::path resolved(const fs::path& target) {
+    constexpr int most_links = 40; // as many as the system follows
     std::error_code error;
-    fs::path result = fs::weakly_canonical(target, error);
+    fs::path file = target;
+    for (int links = 0; links < most_links && fs::is_symlink(file, error); ++links) {
+        file = file.parent_path() / fs::read_symlink(file, error);
+    }
+    fs::path result = fs::weakly_canonical(file, error);
     return error ? target : result;
 }
 
