@@ -5,6 +5,9 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QStyle>
+#include <QStyleOptionComboBox>
+#include <algorithm>
 
 namespace tessit::qt {
 
@@ -17,8 +20,19 @@ PopupMenuWidget::PopupMenuWidget(PopupMenu& menu, QWidget& parent)
     connect(&box_, &QComboBox::currentIndexChanged, this, [this](int index) { tell([&] { menu_.choose(index); }); });
 }
 
+// The style's own hint asks for more than the texts need.
 QSize PopupMenuWidget::needed_size() const {
-    return box_.sizeHint();
+    QStyleOptionComboBox option;
+    option.initFrom(&box_);
+    option.editable = box_.isEditable();
+    option.rect = QRect(0, 0, 200, 40);
+    const QRect room = box_.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &box_);
+    int widest = 0;
+    for (int index = 0; index < box_.count(); ++index) {
+        widest = std::max(widest, box_.fontMetrics().horizontalAdvance(box_.itemText(index)));
+    }
+    constexpr int inner_margin = 3;
+    return {widest + 200 - room.width() + 2 * inner_margin, box_.fontMetrics().height() + 40 - room.height()};
 }
 
 // Turning the wheel to scroll the window must not change a value on the way.

@@ -36,9 +36,6 @@ void set_buddy(QComboBox& box, const QString& name) {
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(&box);
     label->hide();
-    if (box.accessibleDescription().isEmpty()) {
-        box.setAccessibleDescription(name);
-    }
     if (box.lineEdit() != nullptr) {
         box.lineEdit()->setAccessibleName(name);
     }

@@ -39,7 +39,7 @@ protected:
     void tell(const std::function<void()>& door);
     void quietly(const std::function<void()>& change); // a change of the widget that `tell` must not pass on
     bool is_quiet() const { return quiet_ > 0; }
-    void set_text_size(int points);                    // 0 leaves the system's
+    void set_text_size(int points); // 0 leaves the system's
 
 private:
     void show_state();

@@ -120,6 +120,7 @@ void ListboxWidget::show_selection() {
 void ListboxWidget::show_scroll_position() {
     if (attached() && view_.isVisible() && listbox_.ListCount() > 0) {
         quietly([this] {
+            view_.doItemsLayout(); // rows added just now count only after it
             const int sideways = view_.horizontalScrollBar()->value();
             view_.scrollTo(model_.index(listbox_.ScrollPosition(), 0), QAbstractItemView::PositionAtTop);
             view_.horizontalScrollBar()->setValue(sideways);

@@ -20,6 +20,16 @@ QColor between(const QColor& from, const QColor& to, double part) {
     return {mixed(from.red(), to.red()), mixed(from.green(), to.green()), mixed(from.blue(), to.blue())};
 }
 
+QPalette with_legible_disabled(QPalette palette) {
+    const QColor background = palette.color(QPalette::Window);
+    const QColor faint = between(palette.color(QPalette::WindowText), background, 0.5);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, faint);
+    }
+    palette.setColor(QPalette::Disabled, QPalette::Light, background); // the shadow behind disabled menu entries
+    return palette;
+}
+
 } // namespace
 
 // Places are in logical pixels, and so is the font: it grows with the screen's scale as they do.
@@ -39,17 +49,17 @@ QColor readable_on(const QColor& background) {
     return 1.05 / light > light / 0.05 ? Qt::white : Qt::black;
 }
 
+QPalette legible_palette() {
+    return with_legible_disabled(QGuiApplication::palette());
+}
+
 QPalette window_palette(Color designed) {
     QPalette palette = QGuiApplication::palette();
     if (!is_dark(palette)) {
         palette.setColor(QPalette::Window, QColor(designed.rgb));
         palette.setColor(QPalette::WindowText, readable_on(designed.rgb));
     }
-    const QColor faint = between(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.5);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(QPalette::Disabled, role, faint);
-    }
-    return palette;
+    return with_legible_disabled(palette);
 }
 
 QPalette field_palette(Color background) {

@@ -15,6 +15,7 @@ QFont application_font();
 bool is_dark(const QPalette& palette);
 QColor readable_on(const QColor& background); // black or white, whichever stands out more
 
+QPalette legible_palette();              // the application's, with disabled texts that can still be read
 QPalette window_palette(Color designed); // of a window's content, from the application's palette
 QPalette field_palette(Color background);
 

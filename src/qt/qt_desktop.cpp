@@ -36,6 +36,9 @@ QtDesktop::~QtDesktop() {
     for (const auto& [window, widget] : widgets_) {
         delete widget;
     }
+    for (const auto& widget : closed_) {
+        delete widget;
+    }
 }
 
 int QtDesktop::run() {
@@ -78,6 +81,8 @@ void QtDesktop::window_shown(Window& window) {
     if (widget == nullptr) {
         widget = new WindowWidget(window, activation_);
         widget->place_on_screen(active_widget());
+    } else if (widget->is_notice() && !widget->isVisible()) {
+        widget->place_on_screen(active_widget()); // another window may be the active one now
     }
     activation_.bring_to_front(*widget);
 }
@@ -91,6 +96,8 @@ void QtDesktop::window_hidden(Window& window) {
 void QtDesktop::window_closed(Window& window) {
     if (WindowWidget* widget = widget_of(window)) {
         widget->forget_model();
+        std::erase(closed_, nullptr);
+        closed_.emplace_back(widget);
     }
     widgets_.erase(&window);
 }

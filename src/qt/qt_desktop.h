@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QPointer>
 #include <map>
+#include <vector>
 
 namespace tessit::qt {
 
@@ -57,6 +58,7 @@ private:
     QtClock clock_;
     QtSerialPorts serial_ports_;
     std::map<const Window*, QPointer<WindowWidget>> widgets_;
+    std::vector<QPointer<WindowWidget>> closed_; // until the event loop has deleted them
     Application* application_ = nullptr;
     bool quit_asked_ = false;
 };

@@ -15,6 +15,7 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QWindow>
 #include <algorithm>
 
 namespace tessit::qt {
@@ -22,9 +23,9 @@ namespace tessit::qt {
 namespace {
 
 Qt::WindowFlags flags_of(WindowFrame frame) {
-    return frame == WindowFrame::notice ? Qt::Tool | Qt::WindowStaysOnTopHint | Qt::WindowTitleHint |
-                                              Qt::WindowCloseButtonHint | Qt::CustomizeWindowHint
-                                        : Qt::Window;
+    return frame == WindowFrame::notice
+               ? Qt::Tool | Qt::WindowTitleHint | Qt::WindowCloseButtonHint | Qt::CustomizeWindowHint
+               : Qt::Window;
 }
 
 } // namespace
@@ -99,6 +100,9 @@ void WindowWidget::set_first_focus() {
 
 void WindowWidget::set_colors() {
     content_.setPalette(window_palette(color_));
+    for (QMenu* menu : findChildren<QMenu*>()) {
+        menu->setPalette(legible_palette());
+    }
 }
 
 void WindowWidget::lay_out() {
@@ -121,6 +125,15 @@ void WindowWidget::place_on_screen(const QWidget* active) {
     setGeometry(place_for_window(size, frame_, active));
     if (is_notice()) {
         setFixedSize(size);
+        keep_above(active);
+    }
+}
+
+// Above the active window, but not above the dialogs that belong to it.
+void WindowWidget::keep_above(const QWidget* active) {
+    if (active != nullptr) {
+        create();
+        windowHandle()->setTransientParent(active->windowHandle());
     }
 }
 

@@ -38,6 +38,7 @@ private:
     void set_first_focus();
     void set_colors();
     void lay_out();
+    void keep_above(const QWidget* active);
     void tell_place();
 
     Window* model_;

@@ -33,6 +33,7 @@ protected:
 
     std::unique_ptr<QTimer> poll;
     QTemporaryDir folder;
+    QPoint on_button;
 };
 
 TEST_F(Dialogs, EachButtonIsItsAnswer) {
@@ -132,13 +133,18 @@ TEST(FileNames, AreMadeHarmless) {
 
 TEST_F(Dialogs, ShownWhileLeavingAFieldLeavesNoButtonDown) {
     window().lost_focus = [this] {
-        when_shown<QMessageBox>([](QMessageBox& box) { box.accept(); });
+        when_shown<QMessageBox>([this](QMessageBox& box) {
+            QTest::mouseRelease(widget->windowHandle(), Qt::LeftButton, Qt::NoModifier, on_button);
+            box.accept();
+        });
         app.MsgBox("Leaving");
     };
     auto& button = find<QPushButton>("button");
+    on_button = button.mapTo(widget, QPoint(10, 10));
     find<QLineEdit>("field").setFocus();
-    QTest::mousePress(&button, Qt::LeftButton);
+    QTest::mousePress(widget->windowHandle(), Qt::LeftButton, Qt::NoModifier, on_button);
     EXPECT_TRUE(eventually([&] { return !button.isDown(); }));
+    EXPECT_TRUE(app.log.empty());
 }
 
 } // namespace

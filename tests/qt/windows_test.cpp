@@ -66,7 +66,7 @@ TEST(Mnemonics, AreUniqueAndLeaveTheCaptionAsItIs) {
         }
         EXPECT_EQ(shown.remove('&').replace("\x01", "&").toStdString(), captions[at]);
     }
-    EXPECT_EQ(letters.size(), 10U);
+    EXPECT_EQ(letters.size(), 9U);
 }
 
 TEST_F(Windows, ClosingIsTheProgramsDecision) {
@@ -152,7 +152,6 @@ TEST_F(Windows, NoticeIsPaintedWhileTheHandlerBlocks) {
         EXPECT_EQ(notice->findChild<QProgressBar*>("bar")->value(), 90);
         EXPECT_EQ(app.front_window(), &window());
     });
-    EXPECT_TRUE(widget->isActiveWindow());
 }
 
 TEST_F(Windows, LongWaitRepaintsAndLetsNoInputIn) {

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+// The clock, and the serial line over a real pseudo-terminal whose other end the test plays.
+#include "qt/qt_clock.h"
+#include "qt/qt_serial.h"
+
+#include <QAbstractEventDispatcher>
+#include <QTest>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <pty.h>
+#include <termios.h>
+#include <unistd.h>
+
+namespace tessit::qt {
+
+namespace {
+
+class PseudoTerminal {
+public:
+    PseudoTerminal() {
+        char name[128];
+        termios raw{};
+        cfmakeraw(&raw);
+        EXPECT_EQ(openpty(&master_, &slave_, name, &raw, nullptr), 0);
+        fcntl(master_, F_SETFL, O_NONBLOCK);
+        port = {"pty", name};
+    }
+    ~PseudoTerminal() { hang_up(); }
+
+    void hang_up() {
+        for (int* end : {&slave_, &master_}) {
+            if (*end >= 0) {
+                close(std::exchange(*end, -1));
+            }
+        }
+    }
+    void send(const std::string& bytes) const {
+        EXPECT_EQ(write(master_, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+    }
+    std::size_t take(std::size_t most) const {
+        std::string buffer(most, '\0');
+        const ssize_t count = read(master_, buffer.data(), most);
+        return count < 0 ? 0 : static_cast<std::size_t>(count);
+    }
+
+    SerialPort port;
+
+private:
+    int master_ = -1;
+    int slave_ = -1;
+};
+
+std::string text_from(SerialLine& line, std::size_t count) {
+    std::string text;
+    const bool all = QTest::qWaitFor(
+        [&] {
+            for (const std::uint8_t byte : line.read(1)) {
+                text.push_back(static_cast<char>(byte));
+            }
+            return text.size() >= count;
+        },
+        10'000);
+    EXPECT_TRUE(all) << text;
+    return text;
+}
+
+TEST(QtSerial, ForgetsStaleBytesAndReadsSplitOnes) {
+    PseudoTerminal device;
+    QtSerialPorts ports;
+    device.send("stale");
+    const auto line = ports.open(device.port, {});
+    ASSERT_NE(line, nullptr);
+    EXPECT_TRUE(line->read(10).empty());
+    device.send("\xAA");
+    EXPECT_EQ(text_from(*line, 1), "\xAA");
+    EXPECT_TRUE(line->read(1).empty());
+    device.send("\x06z");
+    EXPECT_EQ(text_from(*line, 1), "\x06");
+    line->reset();
+    EXPECT_TRUE(line->read(10).empty());
+    EXPECT_TRUE(line->alive());
+}
+
+TEST(QtSerial, SendsWithoutAnEventLoop) {
+    PseudoTerminal device;
+    QtSerialPorts ports;
+    const auto line = ports.open(device.port, {});
+    ASSERT_NE(line, nullptr);
+    const std::uint8_t bytes[] = {0, 3, 17, 255};
+    line->write(bytes);
+    EXPECT_EQ(device.take(100), 4U) << "control bytes must pass unchanged";
+}
+
+TEST(QtSerial, SurvivesAFullBuffer) {
+    PseudoTerminal device;
+    QtSerialPorts ports;
+    const auto line = ports.open(device.port, {});
+    ASSERT_NE(line, nullptr);
+    constexpr std::size_t amount = 50'000;
+    line->write(std::vector<std::uint8_t>(amount, 'x'));
+    EXPECT_TRUE(line->alive());
+    std::size_t taken = 0;
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            line->flush();
+            taken += device.take(4096);
+            return taken >= amount;
+        },
+        10'000))
+        << taken;
+    EXPECT_TRUE(line->alive());
+}
+
+TEST(QtSerial, AHangUpIsSeenAndCostsNothing) {
+    PseudoTerminal device;
+    QtSerialPorts ports;
+    const auto line = ports.open(device.port, {});
+    ASSERT_NE(line, nullptr);
+    device.hang_up();
+    int turns = 0; // of the event loop; a flood of error signals turns it many thousand times
+    const auto count =
+        QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, [&turns] { ++turns; });
+    QTest::qWait(100);
+    QObject::disconnect(count);
+    EXPECT_LT(turns, 1'000);
+    EXPECT_FALSE(line->alive());
+    EXPECT_TRUE(line->read(5).empty());
+    line->write(std::vector<std::uint8_t>{1, 2});
+    line->flush();
+    EXPECT_EQ(ports.open(device.port, {}), nullptr);
+}
+
+TEST(QtSerial, OneLineAtATimeAndAgainAfterClosing) {
+    PseudoTerminal device;
+    QtSerialPorts ports;
+    auto line = ports.open(device.port, {});
+    ASSERT_NE(line, nullptr);
+    EXPECT_EQ(ports.open(device.port, {}), nullptr);
+    line.reset();
+    EXPECT_NE(ports.open(device.port, {}), nullptr);
+    EXPECT_EQ(ports.open({}, {}), nullptr);
+    EXPECT_EQ(ports.open({"gone", "/dev/tessit-no-such-port"}, {}), nullptr);
+}
+
+TEST(QtClock, NoWaitEndsEarly) {
+    QtClock clock;
+    for (const Microseconds duration : {1, 150, 250, 1'000, 5'000, 10'000}) {
+        const Microseconds start = clock.now();
+        wait(clock, duration);
+        EXPECT_GE(clock.now() - start, duration);
+    }
+}
+
+TEST(QtClock, KeepsHouseDuringLongWaitsOnly) {
+    int calls = 0;
+    QtClock clock([&] { ++calls; });
+    wait(clock, 1'000);
+    EXPECT_EQ(calls, 0);
+    for (int count = 0; count < 12; ++count) {
+        wait(clock, 10'000);
+    }
+    EXPECT_GE(calls, 2);
+    EXPECT_LE(calls, 12);
+}
+
+} // namespace
+
+} // namespace tessit::qt

@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: MIT
+// That texts fit and colours contrast: the rules one by one, and every window of the program as it is shown.
+#include "codec/register_image.h"
+#include "core/main_window.h"
+#include "core/popup_window.h"
+#include "device/load_direct_window.h"
+#include "device/load_zephon_window.h"
+#include "device/settings_window.h"
+#include "editor/edit_window.h"
+#include "qt/column_widths.h"
+#include "qt/control_layout.h"
+#include "qt/look.h"
+#include "qt/qt_desktop.h"
+
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionComboBox>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <numeric>
+
+namespace tessit::qt {
+
+namespace {
+
+TEST(ColumnWidths, EmptyPlacesShareWhatIsLeft) {
+    struct Case {
+        const char* widths;
+        std::vector<int> needed;
+        int available;
+        std::vector<int> result;
+    };
+    const Case cases[] = {
+        {"40, , ,50 , ", {10, 10, 10, 10}, 290, {40, 100, 100, 50}},
+        {"40,,50",       {10, 10, 10},     100, {40, 10, 50}      },
+        {"40, ,",        {60, 10, 10},     160, {60, 50, 50}      },
+        {" , ",          {150, 10},        200, {150, 50}         },
+        {" , ",          {10, 150},        200, {50, 150}         },
+        {"",             {10, 10},         101, {51, 50}          },
+        {"40,50",        {10, 10},         20,  {40, 50}          },
+        {"x,-5",         {10, 10},         60,  {30, 30}          },
+    };
+    for (const Case& test : cases) {
+        EXPECT_EQ(column_widths(test.widths, test.needed, test.available), test.result) << test.widths;
+    }
+}
+
+TEST(Places, GrowWhereThereIsRoom) {
+    struct Case {
+        const char* what;
+        Placed control;
+        std::vector<QRect> others;
+        QRect result;
+    };
+    const QRect place(100, 100, 50, 20);
+    const Case cases[] = {
+        {"enough",          {place, {40, 20}, 0},            {},                                   place             },
+        {"to the right",    {place, {80, 20}, 0},            {},                                   {100, 100, 80, 20}},
+        {"to the left",     {place, {80, 20}, 2},            {},                                   {70, 100, 80, 20} },
+        {"to both sides",   {place, {80, 20}, 1},            {},                                   {85, 100, 80, 20} },
+        {"away from other", {place, {80, 20}, 0},            {{160, 100, 20, 20}},                 {79, 100, 80, 20} },
+        {"what is free",    {place, {80, 20}, 0},            {{160, 90, 9, 50}, {80, 90, 10, 50}}, {91, 100, 68, 20} },
+        {"higher",          {place, {50, 24}, 0},            {},                                   {100, 98, 50, 24} },
+        {"higher upwards",  {place, {50, 24}, 0},            {{100, 121, 50, 9}},                  {100, 96, 50, 24} },
+        {"at the edge",     {{190, 0, 10, 20}, {30, 24}, 0}, {},                                   {170, 0, 30, 24}  },
+    };
+    for (const Case& test : cases) {
+        std::vector<Placed> controls{test.control};
+        for (const QRect& other : test.others) {
+            controls.push_back({.designed = other, .needed = {}});
+        }
+        EXPECT_EQ(places_with_room(controls, {200, 200}).front(), test.result) << test.what;
+    }
+}
+
+TEST(Look, TextContrastsWithEveryBackground) {
+    EXPECT_EQ(readable_on(QColor(0xFF0000)), QColor(Qt::black));
+    EXPECT_EQ(readable_on(QColor(0xC0C0C0)), QColor(Qt::black));
+    EXPECT_EQ(readable_on(QColor(0x000080)), QColor(Qt::white));
+}
+
+class FolderDesktop : public QtDesktop {
+public:
+    FolderItem program_folder() override { return FolderItem(folder_.path().toStdString()); }
+    DialogAnswer show_dialog(const MessageDialog&) override { return DialogAnswer::action; }
+
+private:
+    QTemporaryDir folder_;
+};
+
+QString name_of(const QWidget& widget) {
+    return widget.window()->objectName() + "." + widget.objectName();
+}
+
+int text_width(const QWidget& widget, const QString& text) {
+    int widest = 0;
+    for (const QString& line : text.split('\n')) {
+        widest = std::max(widest, widget.fontMetrics().horizontalAdvance(line));
+    }
+    return widest;
+}
+
+void expect_texts_to_fit(const QComboBox& box) {
+    QStyleOptionComboBox option;
+    option.initFrom(&box);
+    option.editable = box.isEditable();
+    const QRect room = box.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &box);
+    for (int index = 0; index < box.count(); ++index) {
+        EXPECT_LE(text_width(box, box.itemText(index)), room.width()) << name_of(box).toStdString();
+    }
+    EXPECT_LE(box.fontMetrics().height(), room.height()) << name_of(box).toStdString();
+}
+
+void expect_texts_to_fit(const QTableView& view) {
+    for (int column = 0; column < view.model()->columnCount(); ++column) {
+        const QString heading = view.model()->headerData(column, Qt::Horizontal).toString();
+        EXPECT_LE(view.horizontalHeader()->sectionSizeHint(column), view.columnWidth(column))
+            << name_of(view).toStdString() << " " << heading.toStdString();
+        for (int row = 0; row < view.model()->rowCount(); ++row) {
+            const QString cell = view.model()->index(row, column).data().toString();
+            EXPECT_LE(view.fontMetrics().horizontalAdvance(cell) + 7, view.columnWidth(column)) << cell.toStdString();
+        }
+    }
+    EXPECT_EQ(view.horizontalScrollBar()->maximum(), 0);
+}
+
+void expect_text_to_fit(const QWidget& widget) {
+    const std::string name = name_of(widget).toStdString();
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+        const int lines = static_cast<int>(label->text().count('\n')) + 1;
+        EXPECT_LE(text_width(widget, label->text()), widget.width()) << name;
+        EXPECT_LE(widget.fontMetrics().height() * lines, widget.height()) << name;
+    } else if (qobject_cast<const QLineEdit*>(&widget) != nullptr) {
+        EXPECT_LE(widget.fontMetrics().height() + 4, widget.height()) << name;
+    } else if (const auto* button = qobject_cast<const QPushButton*>(&widget)) {
+        EXPECT_LE(text_width(widget, button->text()) + 8, widget.width()) << name;
+        EXPECT_LE(widget.fontMetrics().height() + 4, widget.height()) << name;
+    } else if (const auto* radio = qobject_cast<const QRadioButton*>(&widget)) {
+        EXPECT_LE(radio->sizeHint().width(), widget.width()) << name;
+    } else if (const auto* box = qobject_cast<const QComboBox*>(&widget)) {
+        expect_texts_to_fit(*box);
+    } else if (const auto* view = qobject_cast<const QTableView*>(&widget)) {
+        expect_texts_to_fit(*view);
+    }
+}
+
+void expect_no_overlap(const WindowWidget& window) {
+    const auto& controls = window.controls();
+    for (std::size_t at = 0; at < controls.size(); ++at) {
+        for (std::size_t other = 0; other < at; ++other) {
+            const QWidget& one = controls[at]->widget();
+            const QWidget& two = controls[other]->widget();
+            const QRect common = one.geometry() & two.geometry();
+            const bool frames = controls[at]->is_frame() || controls[other]->is_frame();
+            if (!frames && !one.isHidden() && !two.isHidden()) {
+                EXPECT_TRUE(common.isEmpty()) << name_of(one).toStdString() << " over " << name_of(two).toStdString();
+            }
+        }
+    }
+}
+
+TEST(EveryWindow, ShowsItsTextsWholeAndApart) {
+    FolderDesktop desktop;
+    App app(desktop, {.StageCode = Stage::beta, .MajorVersion = 10, .MinorVersion = 20, .BugVersion = 30});
+    app.start();
+    app.from_user("windows", [&] {
+        app.serialselected = true; // keeps the load window from closing itself
+        for (Window* window : std::initializer_list<Window*>{&app.Window1.get(), &app.popupwindow.get(),
+                                                             &app.settings_window.get(), &app.load_direct_window.get(),
+                                                             &app.loadzephonWindow.get(), &app.editwindow.get()}) {
+            window->Show();
+        }
+        EditWindow& editor = app.editwindow.get();
+        editor.wave_box.SetListIndex(1);
+        editor.FreqField.SetText("999999");
+        app.Update_display();
+        app.load_direct_window->loadcompleted.SetVisible(true);
+    });
+    for (int index = 0; index < app.WindowCount(); ++index) {
+        const WindowWidget* widget = desktop.widget_of(app.Window(index));
+        ASSERT_NE(widget, nullptr) << app.Window(index).name();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(const_cast<WindowWidget*>(widget)));
+        expect_no_overlap(*widget);
+        for (const auto& control : widget->controls()) {
+            expect_text_to_fit(control->widget());
+        }
+        if (widget->width() >= app.Window(index).design().width) { // else the screen is smaller than the window
+            EXPECT_EQ(qobject_cast<QScrollArea*>(widget->centralWidget())->verticalScrollBar()->maximum(), 0);
+        }
+    }
+}
+
+} // namespace
+
+} // namespace tessit::qt
