@@ -100,7 +100,10 @@ TEST(ReadRecord, drops_one_253_before_a_record) {
     EXPECT_EQ(image_of(record + "\xfd" + record), image_of(record + record));
     // Only one, and only there.
     EXPECT_EQ(level_hex(image_of("\xfd\xfd" + record), 1), "fd 61 62 63 64 65 66 67 68 69 6a 6b");
-    EXPECT_EQ(level_hex(image_of("a\xfd" "cdefghijkl"), 1), "61 fd 63 64 65 66 67 68 69 6a 6b 6c");
+    EXPECT_EQ(level_hex(image_of("a\xfd"
+                                 "cdefghijkl"),
+                        1),
+              "61 fd 63 64 65 66 67 68 69 6a 6b 6c");
 }
 
 TEST(ReadRecord, what_a_short_file_lacks_is_zero) {
@@ -110,11 +113,11 @@ TEST(ReadRecord, what_a_short_file_lacks_is_zero) {
         const char* level_2;
     };
     const Case cases[] = {
-        {"",               "ff ff ff ff ff ff ff ff ff ff ff 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
-        {"a",              "61 00 00 00 00 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
-        {"\xfd",           "00 00 00 00 00 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
-        {"abcde",          "61 62 63 64 65 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
-        {"abcdefghijklm",  "61 62 63 64 65 66 67 68 69 6a 6b 6c", "6d 00 00 00 00 00 00 00 00 00 00 00"},
+        {"",              "ff ff ff ff ff ff ff ff ff ff ff 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
+        {"a",             "61 00 00 00 00 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
+        {"\xfd",          "00 00 00 00 00 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
+        {"abcde",         "61 62 63 64 65 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
+        {"abcdefghijklm", "61 62 63 64 65 66 67 68 69 6a 6b 6c", "6d 00 00 00 00 00 00 00 00 00 00 00"},
     };
     for (const auto& c : cases) {
         const RegisterImage image = image_of(c.file);
@@ -138,15 +141,15 @@ TEST(WriteProtocol, leaves_out_what_its_mark_takes_for_unset) {
         bool by_low_byte, by_high_byte;
     };
     const Case cases[] = {
-        {0,             true,  true },
-        {254,           true,  true },
-        {255,           false, true },
-        {256,           true,  true },
-        {511,           false, true },
-        {767,           false, true },
-        {999999,        true,  true },
-        {0xFF * 65536,  true,  false},
-        {0xFFFFFF,      false, false},
+        {0,            true,  true },
+        {254,          true,  true },
+        {255,          false, true },
+        {256,          true,  true },
+        {511,          false, true },
+        {767,          false, true },
+        {999999,       true,  true },
+        {0xFF * 65536, true,  false},
+        {0xFFFFFF,     false, false},
     };
     for (const auto& c : cases) {
         const RegisterImage image = with_words({c.word});

@@ -5,6 +5,7 @@
 #include "platform/edit_field.h"
 #include "platform/small_application.h"
 #include "platform/static_controls.h"
+#include "platform/text.h"
 
 #include <gtest/gtest.h>
 
