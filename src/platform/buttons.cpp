@@ -10,7 +10,7 @@ void PushButton::click() {
         return;
     }
     from_user("Action", [this] {
-        bool used_up = false;
+        bool used_up = own_.on_mouse_down != nullptr; // also when it ends in a fault
         if (own_.on_mouse_down) {
             from_user("MouseDown", [&] { used_up = own_.on_mouse_down(); });
         }

@@ -52,7 +52,7 @@ std::unique_ptr<FileReplacement> FileReplacement::create(const fs::path& target)
     struct stat status {};
     const bool exists = stat(file.c_str(), &status) == 0;
     if (exists && !S_ISREG(status.st_mode)) {
-        const int descriptor = S_ISDIR(status.st_mode) ? -1 : open(file.c_str(), O_WRONLY | O_CLOEXEC);
+        const int descriptor = S_ISCHR(status.st_mode) ? open(file.c_str(), O_WRONLY | O_CLOEXEC) : -1;
         return descriptor < 0 ? nullptr
                               : std::unique_ptr<FileReplacement>(new FileReplacement(descriptor, file, fs::path()));
     }

@@ -17,7 +17,7 @@ namespace tessit {
 class FileReplacement {
 public:
     // Nil when the file can't be created: no such folder, no right to write there, a file marked read-only (for root
-    // too), a folder in its place. What is not a regular file (a device, a pipe) is written in place.
+    // too), a folder or a pipe in its place. A character device is written in place.
     static std::unique_ptr<FileReplacement> create(const std::filesystem::path& target);
 
     FileReplacement(const FileReplacement&) = delete;

@@ -4,15 +4,26 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace tessit {
 
 namespace {
 
+// A pipe without a writer would never open, and a device need have no end.
+int open_regular(const std::filesystem::path& path) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
+        errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+        return -1;
+    }
+    return open(path.c_str(), O_RDONLY | O_CLOEXEC);
+}
+
 template <class Container> Container content_of(const std::filesystem::path& path) {
     Container content;
-    const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const int descriptor = open_regular(path);
     ssize_t count = descriptor < 0 ? -1 : 1;
     while (count > 0) {
         char block[65536];

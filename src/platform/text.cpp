@@ -72,7 +72,7 @@ Array<std::string> Split(std::string_view text, std::string_view separator) {
         return pieces;
     }
     for (;;) {
-        const std::size_t found = text.find(separator);
+        const std::size_t found = separator.empty() ? std::string_view::npos : text.find(separator);
         pieces.append(std::string(text.substr(0, found)));
         if (found == std::string_view::npos) {
             return pieces;

@@ -12,6 +12,7 @@
 #include <QIcon>
 #include <QStandardPaths>
 #include <exception>
+#include <utility>
 
 namespace tessit::qt {
 
@@ -56,18 +57,22 @@ FolderItem QtDesktop::program_folder() {
 }
 
 DialogAnswer QtDesktop::show_dialog(const MessageDialog& dialog) {
+    put_waiting_on_screen();
     return qt::show_dialog(active_widget(), dialog);
 }
 
 std::optional<FolderItem> QtDesktop::choose_open_file(const FileRequest& request) {
+    put_waiting_on_screen();
     return qt::choose_open_file(active_widget(), request);
 }
 
 std::optional<FolderItem> QtDesktop::choose_save_file(const FileRequest& request) {
+    put_waiting_on_screen();
     return qt::choose_save_file(active_widget(), request);
 }
 
 void QtDesktop::show_fault(const FaultReport& report) {
+    put_waiting_on_screen();
     qt::show_fault(active_widget(), report);
 }
 
@@ -75,26 +80,59 @@ void QtDesktop::Beep() {
     QApplication::beep();
 }
 
+// A handler may show a window and hide it again, as closing one document window to open the next one does. So windows
+// wait for the handler's end, or for the moment at which it shows a dialog or a notice or begins to wait itself. The
+// very first window is shown at once.
 void QtDesktop::window_shown(Window& window) {
     application_ = &window.application();
-    QPointer<WindowWidget>& widget = widgets_[&window];
+    const bool notice = window.design().frame == WindowFrame::notice;
+    std::erase(waiting_, &window);
+    if (!notice && application_->busy() && !widgets_.empty()) {
+        waiting_.push_back(&window);
+        return;
+    }
+    put_waiting_on_screen();
+    put_on_screen(window);
+}
+
+void QtDesktop::put_on_screen(Window& window) {
+    WindowWidget* widget = widget_of(window);
     if (widget == nullptr) {
-        widget = new WindowWidget(window, activation_);
-        widget->place_on_screen(active_widget());
+        widget = &make_widget(window);
     } else if (widget->is_notice() && !widget->isVisible()) {
         widget->place_on_screen(active_widget()); // another window may be the active one now
     }
     activation_.bring_to_front(*widget);
 }
 
+WindowWidget& QtDesktop::make_widget(Window& window) {
+    auto* widget = new WindowWidget(window, activation_);
+    widgets_[&window] = widget;
+    widget->place_on_screen(active_widget());
+    const auto last_place = last_places_.find(window.name());
+    if (last_place != last_places_.end() && !widget->is_notice()) {
+        widget->setGeometry(last_place->second);
+    }
+    return *widget;
+}
+
+void QtDesktop::put_waiting_on_screen() {
+    for (Window* window : std::exchange(waiting_, {})) {
+        put_on_screen(*window);
+    }
+}
+
 void QtDesktop::window_hidden(Window& window) {
+    std::erase(waiting_, &window);
     if (WindowWidget* widget = widget_of(window)) {
         widget->hide();
     }
 }
 
 void QtDesktop::window_closed(Window& window) {
+    std::erase(waiting_, &window);
     if (WindowWidget* widget = widget_of(window)) {
+        last_places_[window.name()] = widget->geometry();
         widget->forget_model();
         std::erase(closed_, nullptr);
         closed_.emplace_back(widget);
@@ -103,6 +141,7 @@ void QtDesktop::window_closed(Window& window) {
 }
 
 void QtDesktop::event_ended() {
+    put_waiting_on_screen();
     activation_.event_ended();
 }
 
@@ -130,6 +169,7 @@ QWidget* QtDesktop::active_widget() const {
 // A handler that waits for a device keeps the event loop waiting; windows that get uncovered meanwhile are painted.
 void QtDesktop::repaint_uncovered() {
     if (application_ != nullptr && application_->busy()) {
+        put_waiting_on_screen();
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     }
 }

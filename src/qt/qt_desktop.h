@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QPointer>
 #include <map>
+#include <string>
 #include <vector>
 
 namespace tessit::qt {
@@ -52,12 +53,17 @@ public:
 
 private:
     QWidget* active_widget() const; // what dialogs belong to: the frontmost window to be seen
+    WindowWidget& make_widget(Window& window);
+    void put_on_screen(Window& window);
+    void put_waiting_on_screen();
     void repaint_uncovered();
 
     Activation activation_;
     QtClock clock_;
     QtSerialPorts serial_ports_;
     std::map<const Window*, QPointer<WindowWidget>> widgets_;
+    std::vector<Window*> waiting_;               // shown by the running handler, which may hide them again
+    std::map<std::string, QRect> last_places_;   // by the window's name, so that it opens again where it was
     std::vector<QPointer<WindowWidget>> closed_; // until the event loop has deleted them
     Application* application_ = nullptr;
     bool quit_asked_ = false;

@@ -11,6 +11,8 @@ namespace tessit::qt {
 
 namespace {
 
+constexpr int moment = 250; // milliseconds; nobody plugs in a port and looks for it sooner
+
 QSerialPort::Parity parity_of(SerialParity parity) {
     switch (parity) {
     case SerialParity::odd:
@@ -126,10 +128,20 @@ private:
 
 std::vector<SerialPort> QtSerialPorts::list() {
     std::vector<SerialPort> ports = announced_ports();
-    for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
-        ports.push_back({info.portName().toStdString(), info.systemLocation().toStdString()});
-    }
+    const auto& others = system_ports();
+    ports.insert(ports.end(), others.begin(), others.end());
     return ports;
+}
+
+const std::vector<SerialPort>& QtSerialPorts::system_ports() {
+    if (holds_.hasExpired()) {
+        system_ports_.clear();
+        for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
+            system_ports_.push_back({info.portName().toStdString(), info.systemLocation().toStdString()});
+        }
+        holds_.setRemainingTime(moment);
+    }
+    return system_ports_;
 }
 
 std::unique_ptr<SerialLine> QtSerialPorts::open(const SerialPort& port, const SerialSettings& settings) {
