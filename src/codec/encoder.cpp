@@ -175,11 +175,9 @@ std::uint8_t encode_mode(const LevelCells& cells) {
         std::uint8_t code;
     };
     static constexpr WaveCode waves[] = {
-        {"Single Frequency",   mode::single_frequency  },
-        {"Spread Contracting", mode::spread_contracting},
-        {"Spread Expanding",   mode::spread_expanding  },
-        {"Sweep Increasing",   mode::sweep_increasing  },
-        {"Sweep Decreasing",   mode::sweep_decreasing  },
+        {"Single Frequency", mode::single_frequency}, {"Spread Contracting", mode::spread_contracting},
+        {"Spread Expanding", mode::spread_expanding}, {"Sweep Increasing", mode::sweep_increasing},
+        {"Sweep Decreasing", mode::sweep_decreasing},
     };
     // What a text sets and then keeps, in the order in which the columns are read.
     struct MaskRule {
@@ -189,13 +187,13 @@ std::uint8_t encode_mode(const LevelCells& cells) {
         int keep;
     };
     static constexpr MaskRule masks[] = {
-        {column::pulse,      "ON",       0,   7  },
-        {column::pulse,      "OFF",      8,   255},
-        {column::output,     "Positive", 16,  31 },
-        {column::output,     "Negative", 0,   15 },
-        {column::output,     "Offset",   47,  47 }, // the whole byte becomes 47, wave and pulse included: that is meant
-        {column::wave_shape, "Square",   0,   63 },
-        {column::wave_shape, "Sine",     64,  127},
+        {column::pulse, "ON", 0, 7},
+        {column::pulse, "OFF", 8, 255},
+        {column::output, "Positive", 16, 31},
+        {column::output, "Negative", 0, 15},
+        {column::output, "Offset", 47, 47}, // the whole byte becomes 47, wave and pulse included: that is meant
+        {column::wave_shape, "Square", 0, 63},
+        {column::wave_shape, "Sine", 64, 127},
         {column::wave_shape, "Triangle", 128, 191},
     };
     int result = unset;

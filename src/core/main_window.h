@@ -22,29 +22,17 @@ public:
                          .lifetime = Lifetime::program}),
           serial_port(owner.desktop().serial_ports()), app(owner) {}
 
-    ImageWell ImageWell1{
-        *this, {.name = "ImageWell1", .place = {237, 20, 100, 76}, .label = "Tessit Control"},
-         "logo"
-    };
-    StaticText StaticText2{
-        *this,
-        {.name = "StaticText2", .place = {20, 104, 534, 44}},
-        { .text = "Zephon Tessit", .align = Align::center,                     .text_size = 30, .bold = true}
-    };
-    StaticText StaticText3{
-        *this,
-        {.name = "StaticText3",                                     .place = {20, 152, 534, 22}},
-        {.text = "Protocols for the Zephon II frequency generator", .align = Align::center     }
-    };
-    StaticText versiontext{
-        *this, {.name = "versiontext", .place = {20, 180, 534, 22}},
-         {.align = Align::center                    }
-    };
-    EditField StatusField{
-        *this,
-        {.name = "StatusField", .place = {137, 222, 300, 24}, .label = "Status", .visible = false},
-        {.align = Align::center,     .read_only = true                                }
-    };
+    ImageWell ImageWell1{*this, {.name = "ImageWell1", .place = {237, 20, 100, 76}, .label = "Tessit Control"}, "logo"};
+    StaticText StaticText2{*this,
+                           {.name = "StaticText2", .place = {20, 104, 534, 44}},
+                           {.text = "Zephon Tessit", .align = Align::center, .text_size = 30, .bold = true}};
+    StaticText StaticText3{*this,
+                           {.name = "StaticText3", .place = {20, 152, 534, 22}},
+                           {.text = "Protocols for the Zephon II frequency generator", .align = Align::center}};
+    StaticText versiontext{*this, {.name = "versiontext", .place = {20, 180, 534, 22}}, {.align = Align::center}};
+    EditField StatusField{*this,
+                          {.name = "StatusField", .place = {137, 222, 300, 24}, .label = "Status", .visible = false},
+                          {.align = Align::center, .read_only = true}};
 
     Serial serial_port;
 

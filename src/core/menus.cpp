@@ -20,28 +20,35 @@ MenuItem off(const char* name, const char* caption) { // only a window's rules e
 MenuBar make_menu_bar() {
     return MenuBar({
         {"FileMenu",
-         "File",         {on("FileCreateNewFile", "Create New File"), on("FileOpen", "Open"), off("FileSave", "Save"),
+         "File",
+         {on("FileCreateNewFile", "Create New File"), on("FileOpen", "Open"), off("FileSave", "Save"),
           off("FileExport", "Export"), on("FilePageSetup", "Page Setup"), on("FilePrint", "Print"),
-          on("FileQuitEditor", "Quit Editor"), on("UntitledSeparator1", "-"), on("FileExitProgram", "Exit Program")} },
+          on("FileQuitEditor", "Quit Editor"), on("UntitledSeparator1", "-"), on("FileExitProgram", "Exit Program")}},
         {"ZephonMenu",
-         "Zephon",       {off("ZephonLoadDirect", "Load Direct"), on("ZephonLoadFromFile", "Load From File"),
-          on("ZephonReadZephon", "Read Zephon")}                                                                   },
+         "Zephon",
+         {off("ZephonLoadDirect", "Load Direct"), on("ZephonLoadFromFile", "Load From File"),
+          on("ZephonReadZephon", "Read Zephon")}},
         {"EditMenu",
-         "Edit",         {on("EditCut", "Cut"), on("EditCopy", "Copy"), on("EditPaste", "Paste"), on("UntitledSeparator0", "-"),
+         "Edit",
+         {on("EditCut", "Cut"), on("EditCopy", "Copy"), on("EditPaste", "Paste"), on("UntitledSeparator0", "-"),
           on("EditDeleteRow", "Delete Row"), off("EditInsertRow", "Insert Row"), on("UntitledSeparator2", "-"),
           on("EditMakeallSine", "Make all Sine"), on("EditMakeallSquare", "Make all Square"),
-          on("UntitledSeparator3", "-"), on("EditEditProtocol", "Edit Protocol")}                                    },
+          on("UntitledSeparator3", "-"), on("EditEditProtocol", "Edit Protocol")}},
         {"ConsolidatorMenu",
-         "Consolidator", {on("ConsolidatorNew", "New"), on("ConsolidatorOpen", "Open"), on("UntitledSeparator", "-"),
-          off("ConsolidatorQuit", "Quit")}                                                                   },
+         "Consolidator",
+         {on("ConsolidatorNew", "New"), on("ConsolidatorOpen", "Open"), on("UntitledSeparator", "-"),
+          off("ConsolidatorQuit", "Quit")}},
         {"SettingsMenu",
-         "Settings",     {on("SettingsSetSerialPort", "Set Serial Port"), on("SettingsSetPreferences", "Set Preferences"),
-          off("SettingsSaveSettings", "Save Settings")}                                                          },
+         "Settings",
+         {on("SettingsSetSerialPort", "Set Serial Port"), on("SettingsSetPreferences", "Set Preferences"),
+          off("SettingsSaveSettings", "Save Settings")}},
         {"ContactUs",
-         "ContactUs",    {on("ContactUsGiveusyourFeedback", "Give us your Feedback"), on("ContactUsOnlineSupport", "Online Support")}},
+         "ContactUs",
+         {on("ContactUsGiveusyourFeedback", "Give us your Feedback"), on("ContactUsOnlineSupport", "Online Support")}},
         {"HelpMenu",
-         "Help",         {on("HelpOpenHelpFile", "Open Help File"), on("HelpDisplayManual", "Display Manual"),
-          on("HelpOnlineHelp", "Online Help")}                                                                       },
+         "Help",
+         {on("HelpOpenHelpFile", "Open Help File"), on("HelpDisplayManual", "Display Manual"),
+          on("HelpOnlineHelp", "Online Help")}},
     });
 }
 
@@ -80,28 +87,28 @@ void EnableRules::apply(MenuBar& bar) const {
 namespace enable_rules {
 
 const EnableRules Window1{
-    .enables = {"ZephonLoadFromFile"   },
-    .disables = { "FileSave", "FileExport", "FilePrint", "EditCut", "EditCopy", "EditPaste", "EditDeleteRow",
-                "EditEditProtocol", "ZephonLoadDirect", "EditInsertRow", "ConsolidatorQuit", "SettingsSaveSettings"},
+    .enables = {"ZephonLoadFromFile"},
+    .disables = {"FileSave", "FileExport", "FilePrint", "EditCut", "EditCopy", "EditPaste", "EditDeleteRow",
+                 "EditEditProtocol", "ZephonLoadDirect", "EditInsertRow", "ConsolidatorQuit", "SettingsSaveSettings"},
 };
 
 const EnableRules editwindow{
-    .enables = {"FileSave",          "FileExport",         "FilePrint", "EditDeleteRow", "EditInsertRow", "ZephonLoadDirect"},
-    .disables = { "FileCreateNewFile", "EditCut", "EditCopy", "EditPaste",                                   "EditEditProtocol",                                "ZephonLoadFromFile",
-                "ConsolidatorNew", "ConsolidatorOpen", "ConsolidatorQuit", "SettingsSaveSettings"},
+    .enables = {"FileSave", "FileExport", "FilePrint", "EditDeleteRow", "EditInsertRow", "ZephonLoadDirect"},
+    .disables = {"FileCreateNewFile", "EditCut", "EditCopy", "EditPaste", "EditEditProtocol", "ZephonLoadFromFile",
+                 "ConsolidatorNew", "ConsolidatorOpen", "ConsolidatorQuit", "SettingsSaveSettings"},
 };
 
 const EnableRules ReadZPWindow{
-    .enables = {"FileSave",   "EditEditProtocol"},
-    .disables = { "EditCut", "EditCopy",    "EditPaste", "EditDeleteRow"},
+    .enables = {"FileSave", "EditEditProtocol"},
+    .disables = {"EditCut", "EditCopy", "EditPaste", "EditDeleteRow"},
 };
 
 const EnableRules settings_windows{
     .enables = {"SettingsSaveSettings"},
-    .disables = { "SettingsSetSerialPort", "SettingsSetPreferences", "FileCreateNewFile", "FileOpen", "FileExport",
-                "FilePrint", "FilePageSetup", "FileQuitEditor", "ZephonLoadDirect", "ZephonLoadFromFile", "EditCut",
-                "EditCopy", "EditPaste", "EditDeleteRow", "EditInsertRow", "ConsolidatorNew", "ConsolidatorOpen",
-                "ConsolidatorQuit"},
+    .disables = {"SettingsSetSerialPort", "SettingsSetPreferences", "FileCreateNewFile", "FileOpen", "FileExport",
+                 "FilePrint", "FilePageSetup", "FileQuitEditor", "ZephonLoadDirect", "ZephonLoadFromFile", "EditCut",
+                 "EditCopy", "EditPaste", "EditDeleteRow", "EditInsertRow", "ConsolidatorNew", "ConsolidatorOpen",
+                 "ConsolidatorQuit"},
 };
 
 } // namespace enable_rules

@@ -19,13 +19,8 @@ public:
                        .has_menu_bar = false}) {}
 
     EditField statusField{
-        *this, {.name = "statusField", .place = {20, 18, 300, 24}, .label = "Status"},
-         {.read_only = true   }
-    };
-    ProgressBar ProgressBar1{
-        *this, {.name = "ProgressBar1", .place = {20, 56, 300, 20}, .label = "Progress"},
-         100
-    };
+        *this, {.name = "statusField", .place = {20, 18, 300, 24}, .label = "Status"}, {.read_only = true}};
+    ProgressBar ProgressBar1{*this, {.name = "ProgressBar1", .place = {20, 56, 300, 20}, .label = "Progress"}, 100};
 };
 
 } // namespace tessit

@@ -13,13 +13,11 @@ std::string bank_too_high_message(const char* bank_word, int bank) {
 }
 
 MessageDialog ready_to_load_dialog(const std::string& name, const PopupMenu& tens, const PopupMenu& units) {
-    return {
-        .Message = "Ready to load: " + name + "\rInto Bank: " + tens.Text() + units.Text() +
-                   "\r\rImmediately after clicking OK - Press 5 then 3 on the Zephon",
-        .Icon = DialogIcon::caution,
-        .ActionButton = {"OK",     true},
-        .CancelButton = {"Cancel", true}
-    };
+    return {.Message = "Ready to load: " + name + "\rInto Bank: " + tens.Text() + units.Text() +
+                       "\r\rImmediately after clicking OK - Press 5 then 3 on the Zephon",
+            .Icon = DialogIcon::caution,
+            .ActionButton = {"OK", true},
+            .CancelButton = {"Cancel", true}};
 }
 
 void show_loading_notice(App& app) {

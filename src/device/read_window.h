@@ -22,59 +22,31 @@ public:
                          .opening = Opening::shows_itself}),
           app(owner) {}
 
-    StaticText messagebox{
-        *this, {.name = "messagebox", .place = {33, 14, 520, 58}}
-    };
-    PushButton Readbutton{
-        *this, {.name = "Readbutton", .place = {738, 20, 120, 28}                                       },
-         {.caption = "Read",    .on_action = [this] {
-                                                                         Readbutton_Action();
-                                                                     }}
-    };
-    RadioButton naDecimal{
-        *this,
-        {.name = "naDecimal",                           .place = {33, 80, 258, 20}                 },
-        {.caption = "Use North American Decimal ( . )", .on_action = [this] { naDecimal_Action(); }}
-    };
-    RadioButton isoDecimal{
-        *this,
-        {.name = "isoDecimal",               .place = {300, 80, 222, 20}                 },
-        {.caption = "Use ISO Decimal ( , )", .on_action = [this] { isoDecimal_Action(); }}
-    };
-    StaticText bank_caption{
-        *this, {.name = "bank_caption", .place = {33, 116, 50, 20}},
-         {.text = "Bank:"                     }
-    };
-    EditField bankfield{
-        *this, {.name = "bankfield", .place = {84, 114, 160, 22}, .label = "Bank"}
-    };
-    StaticText frequencies_caption{
-        *this, {.name = "frequencies_caption", .place = {290, 116, 118, 20}},
-         {.text = "Total Frequencies:"                            }
-    };
-    EditField BankFreqField{
-        *this,
-        {.name = "BankFreqField",       .place = {410, 114, 70, 22}, .label = "Total Frequencies"},
-        {.align = Align::center}
-    };
-    StaticText time_caption{
-        *this, {.name = "time_caption", .place = {510, 116, 80, 20}},
-         {.text = "Total Time:"                     }
-    };
-    EditField BankTimeField{
-        *this, {.name = "BankTimeField", .place = {592, 114, 80, 22}, .label = "Total Time"},
-         {.align = Align::center }
-    };
-    Listbox displaybox{
-        *this,
-        {.name = "displaybox", .place = {33, 150, 825, 350}, .label = "Bank", .grow = Grow::both},
-        {.columns = column::count    }
-    };
+    StaticText messagebox{*this, {.name = "messagebox", .place = {33, 14, 520, 58}}};
+    PushButton Readbutton{*this,
+                          {.name = "Readbutton", .place = {738, 20, 120, 28}},
+                          {.caption = "Read", .on_action = [this] { Readbutton_Action(); }}};
+    RadioButton naDecimal{*this,
+                          {.name = "naDecimal", .place = {33, 80, 258, 20}},
+                          {.caption = "Use North American Decimal ( . )", .on_action = [this] { naDecimal_Action(); }}};
+    RadioButton isoDecimal{*this,
+                           {.name = "isoDecimal", .place = {300, 80, 222, 20}},
+                           {.caption = "Use ISO Decimal ( , )", .on_action = [this] { isoDecimal_Action(); }}};
     EditField connectfield{
-        *this, {.name = "connectfield", .place = {33, 516, 825, 24}, .label = "Status"},
-         {.read_only = true    }
-    };
-
+        *this, {.name = "connectfield", .place = {540, 78, 318, 24}, .label = "Status"}, {.read_only = true}};
+    StaticText bank_caption{*this, {.name = "bank_caption", .place = {33, 116, 50, 20}}, {.text = "Bank:"}};
+    EditField bankfield{*this, {.name = "bankfield", .place = {84, 114, 160, 22}, .label = "Bank"}};
+    StaticText frequencies_caption{
+        *this, {.name = "frequencies_caption", .place = {290, 116, 118, 20}}, {.text = "Total Frequencies:"}};
+    EditField BankFreqField{*this,
+                            {.name = "BankFreqField", .place = {410, 114, 70, 22}, .label = "Total Frequencies"},
+                            {.align = Align::center}};
+    StaticText time_caption{*this, {.name = "time_caption", .place = {510, 116, 80, 20}}, {.text = "Total Time:"}};
+    EditField BankTimeField{
+        *this, {.name = "BankTimeField", .place = {592, 114, 80, 22}, .label = "Total Time"}, {.align = Align::center}};
+    Listbox displaybox{*this,
+                       {.name = "displaybox", .place = {33, 150, 825, 386}, .label = "Bank", .grow = Grow::both},
+                       {.columns = column::count}};
     void Event_Open() override;
     void Event_Activate() override;
     bool Event_CancelClose() override;

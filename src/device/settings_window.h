@@ -22,23 +22,14 @@ public:
     explicit SettingsWindow(App& owner)
         : Window(owner, {.name = "settings_window", .title = "Serial Port", .width = 440, .height = 150}), app(owner) {}
 
-    StaticText StaticText1{
-        *this, {.name = "StaticText1", .place = {24, 30, 130, 22}},
-         {.text = "Use Serial Port:"                    }
-    };
-    ComboBox Serial_box{
-        *this,
-        {.name = "Serial_box", .place = {160, 28, 250, 24}, .label = "Use Serial Port"                  },
-        {.items = {"Select"},  .list_index = 0,             .on_change = [this] { Serial_box_Change(); }}
-    };
-    EditField connectField{
-        *this,
-        {.name = "connectField", .place = {24, 84, 386, 24}, .label = "Status"},
-        {.text = "No Port Selected",                      .read_only = true                      }
-    };
-    EditField outputfield{
-        *this, {.name = "outputfield", .place = {24, 118, 386, 22}, .visible = false}
-    };
+    StaticText StaticText1{*this, {.name = "StaticText1", .place = {24, 30, 130, 22}}, {.text = "Use Serial Port:"}};
+    ComboBox Serial_box{*this,
+                        {.name = "Serial_box", .place = {160, 28, 250, 24}, .label = "Use Serial Port"},
+                        {.items = {"Select"}, .list_index = 0, .on_change = [this] { Serial_box_Change(); }}};
+    EditField connectField{*this,
+                           {.name = "connectField", .place = {24, 84, 386, 24}, .label = "Status"},
+                           {.text = "No Port Selected", .read_only = true}};
+    EditField outputfield{*this, {.name = "outputfield", .place = {24, 118, 386, 22}, .visible = false}};
 
     void Event_Open() override;
     void Event_Activate() override; // a port plugged in since is listed

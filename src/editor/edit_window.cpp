@@ -178,9 +178,8 @@ bool EditWindow::time_field_KeyDown(const std::string& key) {
 }
 
 void EditWindow::add_to_totals(const DecodedLevel& decoded) {
-    BankTotals totals{
-        .frequencies = totalfreqs, .time = {.hours = totalhours, .minutes = totalminutes, .seconds = totalseconds}
-    };
+    BankTotals totals{.frequencies = totalfreqs,
+                      .time = {.hours = totalhours, .minutes = totalminutes, .seconds = totalseconds}};
     totals.add(decoded);
     totalfreqs = totals.frequencies;
     totalhours = totals.time.hours;

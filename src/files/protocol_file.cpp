@@ -43,14 +43,12 @@ void write_protocol(BinaryOutputStream& stream, const RegisterImage& image, Unse
 }
 
 MessageDialog unsaved_work_dialog(const std::string& what_is_unsaved) {
-    return {
-        .Message = what_is_unsaved + "\rDo you want to save it?",
-        .Explanation = "If you don't save, your changes will be lost",
-        .Icon = DialogIcon::caution,
-        .ActionButton = {"Save",       true},
-        .CancelButton = {"Cancel",     true},
-        .AlternateActionButton = {"Don't Save", true}
-    };
+    return {.Message = what_is_unsaved + "\rDo you want to save it?",
+            .Explanation = "If you don't save, your changes will be lost",
+            .Icon = DialogIcon::caution,
+            .ActionButton = {"Save", true},
+            .CancelButton = {"Cancel", true},
+            .AlternateActionButton = {"Don't Save", true}};
 }
 
 MessageDialog no_room_dialog() {

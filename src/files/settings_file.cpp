@@ -25,20 +25,14 @@ constexpr const char* serial_port_key = "serial port";
 constexpr const char* use_euro_key = "use_euro";
 
 constexpr IntegerSetting list_settings[] = {
-    {"dutycycle", &AppState::defaultduty  },
-    {"output",    &AppState::defaultoutput},
-    {"pulse",     &AppState::defaultpulse },
-    {"shape",     &AppState::defaultshape },
-    {"wave",      &AppState::defaultwave  },
-    {"width",     &AppState::defaultwidth },
+    {"dutycycle", &AppState::defaultduty}, {"output", &AppState::defaultoutput}, {"pulse", &AppState::defaultpulse},
+    {"shape", &AppState::defaultshape},    {"wave", &AppState::defaultwave},     {"width", &AppState::defaultwidth},
 };
 
 constexpr TextSetting text_settings[] = {
-    {"rate",       &AppState::default_rate      },
-    {"sf_time_ms", &AppState::default_sf_time_ms},
-    {"sf_time_s",  &AppState::default_sf_time_s },
-    {"wp_time_ms", &AppState::default_wp_time_ms},
-    {"wp_time_s",  &AppState::default_wp_time_s },
+    {"rate", &AppState::default_rate},           {"sf_time_ms", &AppState::default_sf_time_ms},
+    {"sf_time_s", &AppState::default_sf_time_s}, {"wp_time_ms", &AppState::default_wp_time_ms},
+    {"wp_time_s", &AppState::default_wp_time_s},
 };
 
 constexpr IntegerSetting time_format_setting = {"timeformat", &AppState::default_timeformat};
