@@ -15,4 +15,6 @@ status=0
 od -A n -v -t x1 -w12 "$target/protocol.zp2" | sed 's/^ //' | diff -u example/protocol.hex - || status=1
 diff -u example/table.tsv "$target/table.tsv" || status=1
 diff -u example/bank.hex "$target/bank.hex" || status=1
+diff -u example/readback.tsv "$target/readback.tsv" || status=1
+tr '\r' '\n' <"$target/protocol.tab" | diff -u example/protocol-tab.txt - || status=1
 exit $status

@@ -9,6 +9,7 @@ bin=$(realpath "$1")
 target=$2
 cd "$(dirname "$0")"
 mkdir -p "$target"
+rm -f "$target/tour.log"
 header=$'wave\twidth\tbase\ttime\tpulse\trate\tduty\tshape\toutput'
 good=$'Single Frequency\t\t7.83\t3:00\tON\t1\t50\tSine\tPositive'
 

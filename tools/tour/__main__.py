@@ -2,10 +2,12 @@
 """Entry of the tour: reads the arguments, sets the stage, runs the steps and clears everything away."""
 
 import argparse
+import contextlib
 import shutil
 import signal
 import sys
 import tempfile
+import traceback
 from pathlib import Path
 
 from . import TourError, children, display
@@ -25,12 +27,14 @@ The width of a Single Frequency is not looked at: its list is disabled.
 def main():
     """Runs the tour; the exit code is 0 only when every step did what it should, 2 for wrong arguments."""
     arguments = parse(sys.argv[1:])
-    signal.signal(signal.SIGTERM, stop)
+    for number in (signal.SIGINT, signal.SIGTERM):
+        signal.signal(number, stop)
     try:
         levels = read_levels(arguments.levels)
-    except TourError as wrong:
-        sys.exit(f"tour: {wrong}")
-    diary = Diary(arguments.folder)
+        diary = Diary(arguments.folder)
+    except (TourError, OSError) as wrong:
+        print(f"tour: {wrong}", file=sys.stderr)
+        return 2
     children.adopt_orphans()
     with tempfile.TemporaryDirectory(prefix="tour-") as folder:
         try:
@@ -47,12 +51,16 @@ def parse(words):
     parser.add_argument("--program", type=Path, required=True, help="tessit-control")
     parser.add_argument("--emulator", type=Path, required=True, help="zephon-emulator")
     parser.add_argument("--levels", type=Path, default=EXAMPLE, help="what to type")
-    return parser.parse_args(words)
+    arguments = parser.parse_args(words)
+    for needed in (arguments.program, arguments.emulator):
+        if not needed.is_file():
+            parser.error(f"{needed} is not there; build it first")
+    return arguments
 
 
-def stop(*_):
+def stop(number, _):
     """Asked to end from outside: as an exception, so that all is cleared away."""
-    sys.exit(143)
+    sys.exit(128 + number)
 
 
 def run(arguments, levels, diary, folder):
@@ -62,11 +70,9 @@ def run(arguments, levels, diary, folder):
         return take_tour(arguments, levels, diary, folder)
     except TourError as failure:
         diary.tell(f"FAILED: {failure}")
-    except Exception as surprise:  # Whatever it is, it is to be told and pictured like any failure.
-        diary.tell(f"FAILED, by the tour's own fault: {surprise!r}")
-        raise
-    finally:
-        keep_logs(folder, diary.folder)
+    except Exception:  # Whatever it is, it is told like any failure.
+        diary.tell(f"FAILED by a fault of the tour itself:\n{traceback.format_exc()}")
+    keep_logs(folder, diary.folder)
     return 1
 
 
@@ -77,27 +83,30 @@ def take_tour(arguments, levels, diary, folder):
 
     emulator = Emulator(arguments.emulator, folder / "emulator.log")
     diary.tell("The emulator tells:\n" + "\n".join(emulator.greeting))
-    program = start_program(arguments.program, folder)
     try:
-        Tour(Desktop(program), emulator, diary, folder).run(levels)
+        Tour(lambda: Desktop(start_program(arguments.program, folder)), emulator, diary, folder).run(levels)
     except Exception:
-        display.screenshot(diary.next_picture("failure"))
+        with contextlib.suppress(TourError):
+            display.screenshot(diary.next_picture("failure"))
         raise
     diary.tell("The tour is complete")
     return 0
 
 
 def start_program(program, folder):
-    """Starts a copy of the program in a folder of its own: the user's settings are neither used nor touched."""
+    """Starts a copy of the program in a folder of its own: the user's settings are neither used nor touched.
+
+    A second start is in the same folder, with the settings that the first left there.
+    """
     place = folder / "program"
-    place.mkdir()
+    place.mkdir(exist_ok=True)
     copy = shutil.copy2(program, place)
-    with open(folder / "program.log", "wb") as log:
+    with open(folder / "program.log", "ab") as log:
         return children.start([copy], cwd=folder, stdout=log, stderr=log)
 
 
 def keep_logs(folder, target):
-    """What the processes told stays beside the tour's log when there was something."""
+    """After a failure, what the processes told stays beside the tour's log."""
     for log in folder.glob("*.log"):
         if log.stat().st_size:
             shutil.copy(log, target / log.name)

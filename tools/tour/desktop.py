@@ -16,6 +16,7 @@ from gi.repository import Atspi, GLib  # noqa: E402
 from . import TourError  # noqa: E402
 
 PATIENCE = 30.0  # seconds for an effect to be seen; the machine may be busy
+SECOND_TRY = 5.0  # seconds after which a key is pressed again where that does no harm
 PAUSE = 0.02  # seconds between two looks
 State = Atspi.StateType
 
@@ -85,6 +86,11 @@ class Control:
             labels |= {child.name for child in self.children() if child.role == "text"}
         return {label.strip().rstrip(":") for label in labels} - {""}
 
+    @property
+    def label(self):
+        """The longest of the labels, for telling."""
+        return max(self.labels(), key=len, default=self.role)
+
     def below(self):
         """This control and all that is in it; the cells of tables and the entries of lists are left out."""
         yield self
@@ -102,7 +108,9 @@ class Control:
     def _find_beside(self, fitting, label):
         captions = [control for control in self.below() if control.role == "label" and label in control.labels()]
         shown = [control for control in fitting if control.shown]
-        return min(shown, key=lambda control: distance(captions[0].place, control.place)) if captions and shown else None
+        if not captions or not shown:
+            return None
+        return min(shown, key=lambda control: distance(captions[0].place, control.place))
 
     def headings(self):
         """The headings of a table, left to right."""
@@ -111,12 +119,15 @@ class Control:
     def row_count(self):
         return self._read(Atspi.Table.get_n_rows, 0)
 
+    def cell(self, row, column):
+        """One cell of a table, or None."""
+        node = self._read(lambda table: Atspi.Table.get_accessible_at(table, row, column), None)
+        return Control(node) if node else None
+
     def row(self, number):
         """The texts of one row of a table."""
-        count = self._read(Atspi.Table.get_n_columns, 0)
-        cells = [self._read(lambda node, i=i: Atspi.Table.get_accessible_at(node, number, i), None)
-                 for i in range(count)]
-        return [Control(cell).name if cell else "" for cell in cells]
+        cells = [self.cell(number, i) for i in range(self._read(Atspi.Table.get_n_columns, 0))]
+        return [cell.name if cell else "" for cell in cells]
 
 
 class Desktop:
@@ -189,7 +200,7 @@ class Desktop:
 
     # Acting
 
-    def click(self, control, what, effect, from_right=None, dialogs_welcome=False):
+    def click(self, control, what, effect, from_right=None, dialogs_welcome=False, patience=PATIENCE):
         """Clicks the middle of a control, or so many points from its right edge, and waits for the effect.
 
         A window may still be moved by the window manager when it is clicked; a click that missed is made again.
@@ -202,7 +213,7 @@ class Desktop:
             if not result and control.shown and control.place != clicked:
                 clicked = self._click_once(control, from_right)
             return result
-        return self.wait(what, effect_or_again, dialogs_welcome=dialogs_welcome)
+        return self.wait(what, effect_or_again, patience, dialogs_welcome)
 
     @staticmethod
     def _click_once(control, from_right):
@@ -214,7 +225,7 @@ class Desktop:
     def focus(self, field):
         """Gives a field the keyboard by a click, if it hasn't got it."""
         if not field.has(State.FOCUSED):
-            self.click(field, f"the keyboard to go to {field.labels()}", lambda: field.has(State.FOCUSED))
+            self.click(field, f'the keyboard to go to "{field.label}"', lambda: field.has(State.FOCUSED))
 
     @staticmethod
     def press_key(key):
@@ -231,24 +242,34 @@ class Desktop:
             act("type", "--delay", 4, "--", text)
         else:
             act("key", "BackSpace")
-        self.wait(f'"{text}" to stand in {field.labels()}', lambda: field.text == text)
+        self.wait(f'"{text}" to stand in "{field.label}"', lambda: field.text == text)
+
+    def select_row(self, table, number):
+        """Selects a row of a table by a click on its first cell."""
+        cell = table.cell(number, 0)
+        self.click(cell, f"row {number} to be selected", lambda: table.cell(number, 0).has(State.SELECTED))
+
+    @staticmethod
+    def shows(combo, entry):
+        """Whether a list control shows an entry."""
+        return selected(combo) == entry
 
     def choose(self, combo, entry):
         """Opens a list and chooses an entry with the arrow keys, as soon as the list is there."""
         if selected(combo) == entry:
             return
         if not combo.enabled:
-            raise TourError(f'"{entry}" can\'t be chosen: {combo.labels()} is disabled')
+            raise TourError(f'"{entry}" can\'t be chosen: "{combo.label}" is disabled')
         names = [item.name for item in entries(combo)]
         if entry not in names:
-            raise TourError(f'{combo.labels()} has no "{entry}", but: {", ".join(names)}')
+            raise TourError(f'"{combo.label}" has no "{entry}", but: {", ".join(names)}')
         wanted = self.click(combo, "the list to open", lambda: open_entry(combo, entry), from_right=9)
         act("key", "Home", *["Down"] * names.index(entry))
         self.wait(f'"{entry}" to be the marked entry', lambda: wanted.has(State.SELECTED))
         act("key", "Return")
         self.wait(f'"{entry}" to be chosen', lambda: selected(combo) == entry)
 
-    def command(self, window, menu, entry, effect=lambda: True):
+    def command(self, window, menu, entry):
         """Chooses an entry of a window's menu bar with two clicks."""
         bar = self.wait(f'the menu bar of "{window.name}"', lambda: window.find("menu bar"))
         item = self.click(self.control(bar, "menu item", menu), f'the menu "{menu}" to open',
@@ -286,8 +307,19 @@ class Desktop:
         field = dialog.find("text", "File name")
         self.fill(field, str(path))
         before(dialog)
-        act("key", "Return")
-        self.wait("the file dialog to close", lambda: not dialog.shown)
+        self._press_until("Return", "the file dialog to close", lambda: not dialog.shown)
+
+    def _press_until(self, key, what, effect):
+        """Presses a key, and again when nothing came of it: a list of proposals may have taken the first."""
+        pressed = 0.0
+
+        def effect_or_again():
+            nonlocal pressed
+            if not effect() and time.monotonic() - pressed > SECOND_TRY:
+                act("key", key)
+                pressed = time.monotonic()
+            return effect()
+        self.wait(what, effect_or_again)
 
     def _file_dialog(self):
         return next((window for window in self.windows()

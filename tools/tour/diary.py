@@ -5,12 +5,16 @@ import re
 import time
 
 
+LEFT = ("protocol.zp2", "table.tsv", "bank.hex", "readback.tsv", "protocol.tab", "tour.log", "display.log",
+        "emulator.log", "program.log")
+
+
 class Diary:
     """Writes tour.log in "folder" and on the terminal."""
 
     def __init__(self, folder):
         folder.mkdir(parents=True, exist_ok=True)
-        for name in ("protocol.zp2", "table.tsv", "bank.hex", "tour.log"):
+        for name in LEFT:
             (folder / name).unlink(missing_ok=True)  # Nothing of an earlier tour shall pass for this one's.
         for picture in folder.glob("[0-9][0-9]-*.png"):
             picture.unlink()

@@ -8,7 +8,7 @@ from pathlib import Path
 from . import TourError, children
 
 SCREEN = "1280x1024x24"
-NEEDED = ("Xvfb", "openbox", "dbus-daemon", "xdotool", "import")
+NEEDED = ("Xvfb", "openbox", "dbus-daemon", "xdotool", "xwininfo", "import")
 
 
 def start_display(folder):

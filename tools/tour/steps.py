@@ -5,11 +5,9 @@ import re
 import shutil
 
 from . import TourError, display, xwindows
+from .places import BANK, EDITOR, MAIN, PORT
+from .reading import Reading
 
-MAIN = "Tessit Control"
-EDITOR = "Zephon Protocol Editor"
-PORT = "Zephon emulator"
-BANK = 7
 NAME = "Tour"
 LISTS = {"wave": "Wave Type", "width": "Width", "pulse": "Pulsing", "duty": "Duty Cycle", "shape": "Wave Shape",
          "output": "Output"}  # in the order chosen: a new wave type sets the time anew
@@ -18,12 +16,17 @@ LOADING_PATIENCE = 120.0  # seconds; a load takes about six
 
 
 class Tour:
-    """Everything that a step needs: the program on its desktop, the emulator, the diary and the files' folder."""
+    """Everything that a step needs: the program on its desktop, the emulator, the diary and the files' folder.
 
-    def __init__(self, desktop, emulator, diary, files):
-        self.desktop = desktop
+    "start_program" gives the desktop of a new run of the program in the folder of the run before.
+    """
+
+    def __init__(self, start_program, emulator, diary, files):
+        self.start_program = start_program
+        self.desktop = start_program()
         self.emulator = emulator
         self.diary = diary
+        self.files = files
         self.saved = files / "protocol.zp2"
 
     def run(self, levels):
@@ -38,6 +41,13 @@ class Tour:
         self.read_table(levels)
         self.load()
         self.read_bank()
+        self.discard_and_quit_editor()
+        reading = Reading(self)
+        reading.run()
+        self.discard_and_quit_editor()
+        self.exit()
+        self.desktop = self.start_program()
+        reading.check_kept(self.desktop)
         self.exit()
 
     def picture(self, name, window=None):
@@ -144,11 +154,16 @@ class Tour:
         window = self.desktop.window(EDITOR)
         table = self.desktop.control(window, "table", "Protocol Listing")
         self.desktop.wait(f"{len(levels)} levels in the table", lambda: table.row_count() == len(levels) + 1)
-        rows = [table.headings(), *(table.row(number) for number in range(1, table.row_count()))]
-        text = "".join("\t".join(row) + "\n" for row in rows)
-        (self.diary.folder / "table.tsv").write_text(text, encoding="utf-8")
+        text = self.leave_table("table.tsv", table)
         self.picture("editor reopened", window)
         self.diary.tell("The reopened table shows:\n" + text.rstrip("\n"))
+
+    def leave_table(self, name, table):
+        """Leaves a table as shown, the empty row 0 left out, and gives its text."""
+        rows = [table.headings(), *(table.row(number) for number in range(1, table.row_count()))]
+        text = "".join("\t".join(row) + "\n" for row in rows)
+        (self.diary.folder / name).write_text(text, encoding="utf-8")
+        return text
 
     def load(self):
         """Zephon > Load Direct into the bank; the emulator is keyed to receive when the program asks for it."""
@@ -191,14 +206,17 @@ class Tour:
         if violations != ["0"]:
             raise TourError("The emulator found the dialogue violated")
 
-    def exit(self):
-        """A file just opened counts as unsaved, so the editor asks; File > Exit Program ends without an error."""
+    def discard_and_quit_editor(self):
+        """File > Quit Editor: what was opened or taken over counts as unsaved, so the editor asks."""
         window = self.desktop.window(EDITOR)
         self.desktop.command(window, "File", "Quit Editor")
         message = self.desktop.message("Data in the Edit window has not been saved to file")
         self.picture("unsaved", message)
         self.desktop.dismiss(message, "Don't Save")
         self.desktop.wait("the editor to close", lambda: not window.shown)
+
+    def exit(self):
+        """File > Exit Program ends without an error."""
         self.desktop.command(self.desktop.window(MAIN), "File", "Exit Program")
         self.desktop.wait_for_end()
         self.diary.tell("The program has ended by itself with 0")

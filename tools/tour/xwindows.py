@@ -7,13 +7,14 @@ import subprocess
 
 def place_of(title):
     """Left, top, width and height of the window to be seen under a title, or None."""
-    found = ask("search", "--onlyvisible", "--name", f"^{re.escape(title)}$").split()
-    place = dict(line.split("=") for line in ask("getwindowgeometry", "--shell", found[0]).split()) if found else {}
-    return tuple(int(place[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")) if "HEIGHT" in place else None
+    found = ask("xdotool", "search", "--onlyvisible", "--name", f"^{re.escape(title)}$").split()
+    told = ask("xwininfo", "-id", found[0]) if found else ""
+    numbers = [re.search(rf"{name}:\s*(-?\d+)", told)
+               for name in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")]
+    return tuple(int(number[1]) for number in numbers) if all(numbers) else None
 
 
-def ask(*arguments):
-    """The answer of xdotool; empty where a window is not there."""
-    done = subprocess.run(["xdotool", *arguments], stdin=subprocess.DEVNULL, capture_output=True, text=True,
-                          timeout=60, check=False)
+def ask(*command):
+    """What a program of the X server tells; empty where a window is not there."""
+    done = subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=60, check=False)
     return done.stdout
