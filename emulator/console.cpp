@@ -45,20 +45,88 @@ std::string hex_line(const LevelBytes& bytes) {
     return line;
 }
 
-Lines receive(Generator& generator, const Words& words) {
-    demand_words(words, 2, 2, "5 3");
-    generator.press_receive();
+int bank_number(const std::string& word) {
+    return number(word, "BANK", 1, bank_count);
+}
+
+// The keys may be typed with blanks between them or without.
+Lines press_keys(Generator& generator, const Words& words) {
+    std::string keys;
+    for (const std::string& word : words) {
+        keys += word;
+    }
+    if (keys == "53") {
+        generator.press_receive();
+    } else if (keys.size() > 3 && keys.starts_with("52") && keys.back() == '#') {
+        generator.press_send(bank_number(keys.substr(2, keys.size() - 3)));
+    } else {
+        throw BadCommand("use: 5 3 or 5 2 BANK #");
+    }
     return {};
 }
 
 Lines dump(Generator& generator, const Words& words) {
     demand_words(words, 2, 2, "dump BANK");
-    const int bank = number(words[1], "BANK", 1, bank_count);
+    const int bank = bank_number(words[1]);
     Lines lines;
     for (int level = 1; level <= levels_per_bank; ++level) {
         lines.push_back(hex_line(generator.level(bank, level)));
     }
     return lines;
+}
+
+int hex_digit(char digit) {
+    constexpr std::string_view digits = "0123456789abcdefABCDEF";
+    const std::size_t place = digits.find(digit);
+    if (place == std::string_view::npos) {
+        throw BadCommand(std::string("no hexadecimal digit: '") + digit + "'");
+    }
+    return static_cast<int>(place < 16 ? place : place - 6);
+}
+
+LevelBytes level_bytes(const std::string& digits) {
+    LevelBytes bytes;
+    if (digits.size() != 2 * bytes.size()) {
+        throw BadCommand("a level has 32 hexadecimal digits, not " + std::to_string(digits.size()));
+    }
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        bytes[i] = static_cast<Byte>(16 * hex_digit(digits[2 * i]) + hex_digit(digits[2 * i + 1]));
+    }
+    return bytes;
+}
+
+// The bytes as dump prints them, or without the blanks.
+Lines store(Generator& generator, const Words& words) {
+    demand_words(words, 4, 3 + level_size, "store BANK LEVEL BYTES");
+    const int bank = bank_number(words[1]);
+    const int level = number(words[2], "LEVEL", 1, levels_per_bank);
+    std::string digits;
+    for (std::size_t i = 3; i < words.size(); ++i) {
+        digits += words[i];
+    }
+    generator.store(bank, level, level_bytes(digits));
+    return {};
+}
+
+Lines fill(Generator& generator, const Words& words) {
+    demand_words(words, 2, 2, "fill BANK");
+    generator.fill_with_example(bank_number(words[1]));
+    return {};
+}
+
+Lines pace(Generator& generator, const Words& words) {
+    demand_words(words, 2, 2, "pace on|off");
+    if (words[1] != "on" && words[1] != "off") {
+        throw BadCommand("use: pace on|off");
+    }
+    generator.set_pace(words[1] == "on" ? Pace::line_speed : Pace::unpaced);
+    return {};
+}
+
+Lines latency(Generator& generator, const Words& words) {
+    demand_words(words, 2, 2, "latency MS");
+    generator.set_latency(latency_in_milliseconds(words[1]));
+    return {};
 }
 
 Lines violations(Generator& generator, const Words& words) {
@@ -99,6 +167,24 @@ Microseconds prescribed_in_levels(const std::vector<Gap>& gaps) {
     return sum;
 }
 
+// From the answer to the last acknowledge.
+Lines reading_statistics(const std::vector<Gap>& gaps) {
+    if (gaps.empty()) {
+        return {};
+    }
+    Lines lines;
+    for (const Wait wait : reading_waits) {
+        lines.push_back(wait_line(wait, gaps));
+    }
+    Microseconds measured = 0;
+    for (const Gap& gap : gaps) {
+        measured += gap.measured;
+    }
+    lines.push_back("reading " + std::to_string(measured) + " prescribed " +
+                    std::to_string(prescribed_in_levels(gaps)));
+    return lines;
+}
+
 Lines wait_statistics(Generator& generator, const Words& words) {
     demand_words(words, 1, 1, "waits");
     Lines lines;
@@ -113,6 +199,8 @@ Lines wait_statistics(Generator& generator, const Words& words) {
         lines.push_back("transfer " + std::to_string(*times.last_acknowledge - *times.first_address) + " prescribed " +
                         std::to_string(prescribed_in_levels(generator.gaps())));
     }
+    const Lines reading = reading_statistics(generator.reading_gaps());
+    lines.insert(lines.end(), reading.begin(), reading.end());
     return lines;
 }
 
@@ -127,16 +215,29 @@ Lines gap_list(Generator& generator, const Words& words) {
     return lines;
 }
 
+void set_place(Failure& failure, const std::string* word) {
+    constexpr int calls_unless_told = 3;
+    switch (place(failure.mode)) {
+    case FailurePlace::level:
+        failure.level = word == nullptr ? 1 : number(*word, "LEVEL", 1, levels_per_bank);
+        break;
+    case FailurePlace::offset:
+        failure.offset = word == nullptr ? 0 : number(*word, "OFFSET", 0, bytes_sent - 1);
+        break;
+    case FailurePlace::calls:
+        failure.offset = word == nullptr ? calls_unless_told : number(*word, "CALLS", 1, bytes_sent);
+        break;
+    }
+}
+
 Lines fail(Generator& generator, const Words& words) {
-    demand_words(words, 2, 4, "fail MODE [LEVEL] [TIMES]");
+    demand_words(words, 2, 4, "fail MODE [PLACE] [TIMES]");
     const auto mode = failure_mode(words[1]);
     if (!mode) {
         throw BadCommand("no failure mode '" + words[1] + "'; modes lists them");
     }
     Failure failure{.mode = *mode};
-    if (words.size() > 2) {
-        failure.level = number(words[2], "LEVEL", 1, levels_per_bank);
-    }
+    set_place(failure, words.size() > 2 ? &words[2] : nullptr);
     if (words.size() > 3) {
         failure.times = number(words[3], "TIMES", 0, 1'000'000);
     }
@@ -177,17 +278,22 @@ struct Command {
 };
 
 constexpr std::array commands = {
-    Command{"5",          "5 3                        press 5 then 3: receive a bank, once",                          receive        },
-    Command{"dump",       "dump BANK                  the bank's 50 levels of 16 bytes, in hexadecimal",              dump           },
-    Command{"violations", "violations                 how often the dialogue was broken, then each case",             violations     },
-    Command{"waits",      "waits                      pace of the last load, in microseconds",                        wait_statistics},
-    Command{"gaps",       "gaps                       each wait of the last load, in microseconds",                   gap_list       },
-    Command{"fail",       "fail MODE [LEVEL] [TIMES]  fail at level 1 or LEVEL, always or TIMES times; none ends it", fail           },
-    Command{"modes",      "modes                      the failure modes",                                             modes          },
-    Command{"hangup",     "hangup                     the line hangs up; a new one is there at once",                 hang_up        },
-    Command{"unplug",     "unplug                     the line hangs up and stays away until plug",                   unplug         },
-    Command{"plug",       "plug                       the line is back",                                              plug           },
-    Command{"help",       "help                       this list",                                                     help           },
+    Command{"5", "5 3                        press 5 then 3: receive a bank, once", press_keys},
+    Command{"5", "5 2 BANK #                 press 5, 2, the bank and #: call, then send it", press_keys},
+    Command{"dump", "dump BANK                  the bank's 50 levels of 16 bytes, in hexadecimal", dump},
+    Command{"store", "store BANK LEVEL BYTES     put a level into memory, its 16 bytes as dump prints them", store},
+    Command{"fill", "fill BANK                  put an example of 50 levels into the bank", fill},
+    Command{"violations", "violations                 how often the dialogue was broken, then each case", violations},
+    Command{"waits", "waits                      pace of the last load and the last reading, in us", wait_statistics},
+    Command{"gaps", "gaps                       each wait of the last load, in microseconds", gap_list},
+    Command{"pace", "pace on|off                send at the line's 1920 bytes a second, or at once", pace},
+    Command{"latency", "latency MS                 bytes arrive 0 to 16 ms later, as behind an adapter", latency},
+    Command{"fail", "fail MODE [PLACE] [TIMES]  at a level, for sending_ an offset; TIMES 0: always", fail},
+    Command{"modes", "modes                      the failure modes", modes},
+    Command{"hangup", "hangup                     the line hangs up; a new one is there at once", hang_up},
+    Command{"unplug", "unplug                     the line hangs up and stays away until plug", unplug},
+    Command{"plug", "plug                       the line is back", plug},
+    Command{"help", "help                       this list", help},
 };
 
 Lines help(Generator&, const Words& words) {
@@ -206,20 +312,26 @@ Words words_of(std::string_view text) {
     for (std::string word; stream >> word;) {
         words.push_back(word);
     }
-    return words == Words{"53"} ? Words{"5", "3"} : words;
+    return words;
 }
 
 Lines run(Generator& generator, const Words& words) {
-    const bool other_key = words[0] == "5" && words.size() == 2 && words[1] != "3";
+    if (words[0].starts_with('5')) {
+        return press_keys(generator, words);
+    }
     const auto command = std::find_if(commands.begin(), commands.end(),
                                       [&](const Command& candidate) { return words[0] == candidate.name; });
-    if (command == commands.end() || other_key) {
-        throw BadCommand("unknown command '" + words[0] + (other_key ? " " + words[1] : "") + "'; help lists them");
+    if (command == commands.end()) {
+        throw BadCommand("unknown command '" + words[0] + "'; help lists them");
     }
     return command->run(generator, words);
 }
 
 } // namespace
+
+Microseconds latency_in_milliseconds(const std::string& word) {
+    return Microseconds{1000} * number(word, "the latency", 0, longest_latency_in_milliseconds);
+}
 
 Reply execute(Generator& generator, std::string_view command) {
     const Words words = words_of(command);

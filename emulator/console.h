@@ -16,6 +16,11 @@ struct Reply {
     bool quit = false;
 };
 
+inline constexpr int longest_latency_in_milliseconds = 16;
+
+// Raises std::runtime_error, with a text for the user, unless the word is a whole number from 0 to 16.
+Microseconds latency_in_milliseconds(const std::string& word);
+
 Reply execute(Generator& generator, std::string_view command);
 
 } // namespace tessit::emulator

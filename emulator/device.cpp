@@ -6,13 +6,21 @@
 
 namespace tessit::emulator {
 
-LevelBytes Memory::level(int bank, int level) const {
+int Memory::address_of(int bank, int level) {
     if (bank < 1 || bank > bank_count || level < 1 || level > levels_per_bank) {
         throw std::out_of_range("no such level");
     }
+    return (bank - 1) * bank_size + (level - 1) * level_size;
+}
+
+LevelBytes Memory::level(int bank, int level) const {
     LevelBytes bytes;
-    std::copy_n(bytes_.begin() + (bank - 1) * bank_size + (level - 1) * level_size, level_size, bytes.begin());
+    std::copy_n(bytes_.begin() + address_of(bank, level), level_size, bytes.begin());
     return bytes;
+}
+
+void Memory::store(int bank, int level, const LevelBytes& bytes) {
+    store(address_of(bank, level), bytes);
 }
 
 void Memory::store(int address, const LevelBytes& bytes) {
@@ -28,7 +36,7 @@ void Outgoing::send(std::span<const Byte> bytes, Microseconds due) {
 
 std::vector<Byte> Outgoing::take(Microseconds now, std::size_t at_most) {
     std::vector<Byte> bytes;
-    while (bytes.size() < at_most && !waiting_.empty() && waiting_.front().due <= now) {
+    while (bytes.size() < at_most && !waiting_.empty() && waiting_.front().due + latency_ <= now) {
         bytes.push_back(waiting_.front().byte);
         waiting_.pop_front();
     }
@@ -36,7 +44,7 @@ std::vector<Byte> Outgoing::take(Microseconds now, std::size_t at_most) {
 }
 
 std::optional<Microseconds> Outgoing::next_due() const {
-    return waiting_.empty() ? std::nullopt : std::optional(waiting_.front().due);
+    return waiting_.empty() ? std::nullopt : std::optional(waiting_.front().due + latency_);
 }
 
 void FailurePlan::set(const Failure& failure) {
@@ -56,6 +64,14 @@ bool FailurePlan::plays(FailureMode mode) {
 
 bool FailurePlan::plays(FailureMode mode, int at_level) {
     return at_level == failure_.level && plays(mode);
+}
+
+bool FailurePlan::plays_at_offset(FailureMode mode, int offset) {
+    return offset == failure_.offset && plays(mode);
+}
+
+std::string byte_text(int byte) {
+    return "byte " + std::to_string(byte);
 }
 
 std::string to_text(const Violation& violation) {

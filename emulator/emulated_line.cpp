@@ -40,6 +40,7 @@ std::vector<std::uint8_t> EmulatedLine::read(int count) {
 
 void EmulatedLine::reset() {
     if (alive()) {
+        cable_->generator.pass_time(cable_->clock.now());
         cable_->generator.take(cable_->clock.now());
     }
 }

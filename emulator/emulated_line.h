@@ -42,9 +42,7 @@ class EmulatedPorts : public SerialPorts {
 public:
     // The generator hangs on the first port; the others are listed and can't be opened.
     EmulatedPorts(Generator& generator, Clock& clock,
-                  std::vector<SerialPort> ports = {
-                      {"Zephon emulator", "emulated"}
-    });
+                  std::vector<SerialPort> ports = {{"Zephon emulator", "emulated"}});
 
     std::vector<SerialPort> list() override { return ports_; }
 

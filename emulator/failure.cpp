@@ -8,7 +8,7 @@ namespace tessit::emulator {
 
 namespace {
 
-constexpr std::array<std::string_view, 21> names = {
+constexpr std::array<std::string_view, 28> names = {
     "none",
     "handshake_silent",
     "handshake_split",
@@ -30,10 +30,24 @@ constexpr std::array<std::string_view, 21> names = {
     "data_stray_bytes",
     "data_hang_up",
     "between_levels_hang_up",
+    "sending_silent",
+    "sending_extra_calls",
+    "sending_byte_lost",
+    "sending_byte_doubled",
+    "sending_byte_flipped",
+    "sending_stops",
+    "sending_hang_up",
 };
-static_assert(names.size() == static_cast<std::size_t>(FailureMode::between_levels_hang_up) + 1);
+static_assert(names.size() == static_cast<std::size_t>(FailureMode::sending_hang_up) + 1);
 
 } // namespace
+
+FailurePlace place(FailureMode mode) {
+    if (mode == FailureMode::sending_extra_calls) {
+        return FailurePlace::calls;
+    }
+    return mode < FailureMode::sending_silent ? FailurePlace::level : FailurePlace::offset;
+}
 
 std::string_view name(FailureMode mode) {
     return names[static_cast<std::size_t>(mode)];

@@ -10,7 +10,8 @@
 
 namespace tessit::emulator {
 
-// Step of the dialogue, then what goes wrong there. "The level" is Failure::level.
+// Step of the dialogue, then what goes wrong there. "The level" is Failure::level. The sending ones count an offset in
+// the 969 bytes that a reading gets, from 0.
 enum class FailureMode {
     none,                   // Everything works.
     handshake_silent,       // A call "V" gets no answer.
@@ -33,6 +34,13 @@ enum class FailureMode {
     data_stray_bytes,       // 0, 255, 21 come before the acknowledge.
     data_hang_up,           // The line hangs up on the level's seventh byte.
     between_levels_hang_up, // The line hangs up on the first byte that follows the acknowledged level.
+    sending_silent,         // No call "V" comes in spite of the keys.
+    sending_extra_calls,    // Failure::offset more calls come between the answer and the first record.
+    sending_byte_lost,      // The byte at the offset does not arrive.
+    sending_byte_doubled,   // It arrives twice.
+    sending_byte_flipped,   // All its bits are inverted.
+    sending_stops,          // It and all behind it are not sent.
+    sending_hang_up,        // The line hangs up in its place.
 };
 
 inline constexpr Microseconds split_delay = 15'000;
@@ -45,11 +53,16 @@ enum class AfterHangUp { can_be_opened_again, stays_away };
 
 struct Failure {
     FailureMode mode = FailureMode::none;
-    int level = 1; // 1 to 50; the handshake's failures ignore it
-    int times = 0; // plays that often, then all is well again; 0: every time
+    int level = 1;  // 1 to 50; the failures of the handshake and of the sending ignore it
+    int offset = 0; // 0 to 968; the sending ones alone use it
+    int times = 0;  // plays that often, then all is well again; 0: every time
     AfterHangUp after_hang_up = AfterHangUp::can_be_opened_again;
 };
 
+// What the number behind a mode's name counts.
+enum class FailurePlace { level, offset, calls };
+
+FailurePlace place(FailureMode mode);
 std::string_view name(FailureMode mode); // as in the enumeration
 std::optional<FailureMode> failure_mode(std::string_view name);
 std::vector<std::string_view> failure_names();

@@ -24,6 +24,11 @@ inline constexpr Byte call_byte = 'V'; // "are you there"
 inline constexpr std::array<Byte, 2> call_answer = {170, 6};
 inline constexpr Byte acknowledge_byte = 6;
 
+// A reading: the bank's fifty levels and the one that follows them in memory, each with its address and count byte.
+inline constexpr int line_record_size = 2 + level_size + 1;
+inline constexpr int records_sent = levels_per_bank + 1;
+inline constexpr int bytes_sent = records_sent * line_record_size; // 969
+
 using LevelBytes = std::array<Byte, level_size>;
 
 // 1 to 40 when a bank begins at this address.

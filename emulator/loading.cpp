@@ -15,10 +15,6 @@ constexpr Byte wrong_acknowledge = 21;
 // many as this mean that it was lost.
 constexpr int calls_until_answered_again = 10;
 
-std::string byte_text(int byte) {
-    return "byte " + std::to_string(byte);
-}
-
 std::string address_text(int address) {
     return "address " + std::to_string(address) + " (" + std::to_string(address / 256) + ", " +
            std::to_string(address % 256) + ")";
@@ -280,9 +276,7 @@ void LoadingDialogue::check_pace(Byte byte, Arrival arrival) {
         gaps_.push_back(*gap);
     }
     if (gap->slack < 0) {
-        violation(arrival.latest,
-                  "a wait of " + std::to_string(prescribed(gap->wait)) + " us after " + std::string(name(gap->wait)),
-                  "the next byte " + std::to_string(-gap->slack) + " us too early");
+        violation(arrival.latest, demanded(*gap), shortfall(*gap));
     }
 }
 

@@ -12,10 +12,6 @@ namespace tessit::emulator {
 // What the generator does when a load has ended, well or badly.
 enum class AfterLoad { leave_receive_mode, stay_in_receive_mode };
 
-// A load that nobody continues for this long is given up. It is far above every wait, so that a busy machine never
-// looks like a sender that stopped.
-inline constexpr Microseconds silence_limit = 5'000'000;
-
 struct LoadTimes {
     std::optional<Microseconds> first_call;
     std::optional<Microseconds> first_address;

@@ -26,16 +26,21 @@ An emulated Zephon II on a pseudo-terminal, for use beside Tessit Control withou
   --port-name NAME  name in the list of ports (default: Zephon emulator)
   --receive         start in receive mode and return to it after every load, so that
                     nobody has to press 5 then 3 on the keypad
+  --pace            send banks at the line's 1920 bytes a second, not at once
+  --latency MS      let every byte arrive that much later, 0 to 16 ms, as behind an adapter
   --exit-on-eof     end when standard input ends
   --help            this text
 
 Without --receive, type "5 3" and Return for every load, before or after clicking OK in
-Tessit Control. "help" lists what else can be typed.
+Tessit Control. Type "5 2 BANK #" and Return to have a bank read, before or after clicking
+Read. "help" lists what else can be typed.
 )";
 
 struct Options {
     std::string port_name = "Zephon emulator";
     AfterLoad after_load = AfterLoad::leave_receive_mode;
+    Pace pace = Pace::unpaced;
+    Microseconds latency = 0;
     bool exit_on_eof = isatty(STDIN_FILENO) != 0;
 };
 
@@ -43,6 +48,14 @@ class BadOption : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
+
+Microseconds latency_option(const char* word) {
+    try {
+        return latency_in_milliseconds(word);
+    } catch (const std::runtime_error& error) {
+        throw BadOption(error.what());
+    }
+}
 
 // None when the help text was asked for.
 std::optional<Options> parse(std::span<char*> arguments) {
@@ -56,6 +69,10 @@ std::optional<Options> parse(std::span<char*> arguments) {
             options.after_load = AfterLoad::stay_in_receive_mode;
         } else if (option == "--exit-on-eof") {
             options.exit_on_eof = true;
+        } else if (option == "--pace") {
+            options.pace = Pace::line_speed;
+        } else if (option == "--latency" && i + 1 < arguments.size()) {
+            options.latency = latency_option(arguments[++i]);
         } else if (option == "--port-name" && i + 1 < arguments.size()) {
             options.port_name = arguments[++i];
         } else {
@@ -116,6 +133,8 @@ class Program {
 public:
     explicit Program(Options options)
         : options_(std::move(options)), generator_(options_.after_load), poll_mask_(catch_end_signals()) {
+        generator_.set_pace(options_.pace);
+        generator_.set_latency(options_.latency);
         plug_in();
     }
 
@@ -150,8 +169,9 @@ private:
 void Program::run() {
     say(announcement_->announced() ? "Listed in Tessit Control as \"" + announcement_->name() + "\"."
                                    : "Not listed in Tessit Control.");
-    say(generator_.receiving() ? "In receive mode. Type help for what can be typed."
-                               : "Type 5 3 for every load, help for what else can be typed.");
+    say(generator_.receiving()
+            ? "In receive mode. Type help for what can be typed."
+            : "Type 5 3 for every load, 5 2 BANK # for every reading, help for what else can be typed.");
     say("ready");
     while (!quit_ && end_was_asked == 0) {
         serve_line();
@@ -207,6 +227,7 @@ void Program::serve_line() {
         follow_line_state();
     }
     generator_.pass_time(quiet_until_);
+    follow_line_state();
     send_due();
     report();
 }
@@ -239,8 +260,7 @@ void Program::report() {
 void Program::wait_for_news() {
     std::array<pollfd, 2> watched = {
         {{.fd = stdin_open_ ? STDIN_FILENO : -1, .events = POLLIN, .revents = 0},
-         {.fd = terminal_ ? terminal_->descriptor() : -1, .events = POLLIN, .revents = 0}}
-    };
+         {.fd = terminal_ ? terminal_->descriptor() : -1, .events = POLLIN, .revents = 0}}};
     const Microseconds at_most = patience();
     const timespec timeout = {.tv_sec = at_most / 1'000'000, .tv_nsec = at_most % 1'000'000 * 1000};
     const int ready = ppoll(watched.data(), watched.size(), &timeout, &poll_mask_);

@@ -13,14 +13,15 @@ struct WaitFacts {
     Microseconds prescribed;
 };
 
-constexpr std::array<WaitFacts, 6> facts = {
-    {{"none", 0},
-     {"call", 10'000},
-     {"address_high", 10'000},
-     {"first_byte", 10'000},
-     {"further_byte", 5'000},
-     {"padding", 5'000}}
-};
+constexpr std::array<WaitFacts, 9> facts = {{{"none", 0},
+                                             {"call", 10'000},
+                                             {"address_high", 10'000},
+                                             {"first_byte", 10'000},
+                                             {"further_byte", 5'000},
+                                             {"padding", 5'000},
+                                             {"answer", 5'000},
+                                             {"record_acknowledge", 12'000},
+                                             {"address_acknowledge", 10}}};
 
 const WaitFacts& facts_of(Wait wait) {
     return facts[static_cast<std::size_t>(wait)];
@@ -34,6 +35,14 @@ Microseconds prescribed(Wait wait) {
 
 std::string_view name(Wait wait) {
     return facts_of(wait).name;
+}
+
+std::string demanded(const Gap& gap) {
+    return "a wait of " + std::to_string(prescribed(gap.wait)) + " us after " + std::string(name(gap.wait));
+}
+
+std::string shortfall(const Gap& gap) {
+    return "the next byte " + std::to_string(-gap.slack) + " us too early";
 }
 
 std::optional<Gap> Pacing::arrive(Arrival arrival, int level, Wait next) {

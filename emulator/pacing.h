@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Judges whether the bytes of a load came at the prescribed pace.
+// Judges whether the bytes of a load, or the acknowledges of a reading, came at the prescribed pace.
 //
 // A reader of a real line learns of a byte late, so it can't know when the byte came; what it knows is an interval:
 // not before the line was last seen empty, not after the read that returned it. A wait is called too short only when
@@ -13,15 +13,27 @@
 
 #include <array>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace tessit::emulator {
 
 // The wait that is due after a byte, named after that byte.
-enum class Wait { none, call, address_high, first_byte, further_byte, padding };
+enum class Wait {
+    none,
+    call,
+    address_high,
+    first_byte,
+    further_byte,
+    padding,
+    answer,              // the reading's 170
+    record_acknowledge,  // its second acknowledge of a record, and the one that ends its answer
+    address_acknowledge, // its first
+};
 
 inline constexpr std::array waits = {Wait::call, Wait::address_high, Wait::first_byte, Wait::further_byte,
                                      Wait::padding};
+inline constexpr std::array reading_waits = {Wait::answer, Wait::record_acknowledge, Wait::address_acknowledge};
 
 Microseconds prescribed(Wait wait);
 std::string_view name(Wait wait); // such as "further_byte"
@@ -38,6 +50,10 @@ struct Gap {
     Microseconds measured = 0; // between the time stamps of the two bytes
     Microseconds slack = 0;    // what was waited above the prescribed, at most; below 0 it was certainly too short
 };
+
+// What is to be remembered of a wait that was too short.
+std::string demanded(const Gap& gap);
+std::string shortfall(const Gap& gap);
 
 class Pacing {
 public:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialogue.h"
 #include "emulator/console.h"
+#include "emulator/example_bank.h"
 
 #include <gtest/gtest.h>
 
@@ -17,6 +18,59 @@ TEST(Console, Keys_PutTheGeneratorIntoReceiveMode) {
         EXPECT_EQ(execute(generator, keys).lines, ok);
         EXPECT_TRUE(generator.receiving());
     }
+}
+
+TEST(Console, Keys_CallToHaveABankRead) {
+    for (const char* keys : {"5 2 7 #", "527#", "5 2 07 #", " 5  2  7# "}) {
+        Generator generator;
+        EXPECT_EQ(execute(generator, keys).lines, ok);
+        EXPECT_TRUE(generator.sending());
+        generator.receive(170, 0);
+        generator.receive(6, 5'000);
+        EXPECT_EQ(generator.take(5'000), (std::vector<Byte>{'V', 18, 192})) << keys;
+    }
+}
+
+TEST(Console, StoreAndFill_PutLevelsIntoMemory) {
+    Generator generator;
+    for (const char* bytes :
+         {"001e96080003 1d0500 00001FFFFFFFFF", "00 1e 96 08 00 03 1d 05 00 00 00 1f ff ff ff ff"}) {
+        EXPECT_EQ(execute(generator, std::string("store 7 50 ") + bytes).lines, ok);
+        EXPECT_EQ(generator.level(7, 50), hz_7_83);
+    }
+    EXPECT_EQ(generator.level(7, 49), never_loaded);
+    EXPECT_EQ(execute(generator, "fill 40").lines, ok);
+    EXPECT_EQ(generator.level(40, 50), example_bank()[49]);
+}
+
+TEST(Console, PaceLatencyAndFailures_ActOnTheSending) {
+    Generator generator;
+    for (const char* command : {"pace on", "latency 3", "fail sending_extra_calls", "5 2 7 #"}) {
+        EXPECT_EQ(execute(generator, command).lines, ok);
+    }
+    generator.receive(170, 0);
+    EXPECT_EQ(generator.take(3'000 + 2 * 521).size(), 1u + 2); // the call of the beginning and two of three more
+    execute(generator, "pace off");
+    execute(generator, "latency 0");
+    EXPECT_EQ(generator.take(3 * 521).size(), 1u);
+    generator.receive(6, 5'000);
+    EXPECT_EQ(generator.take(5'000), (std::vector<Byte>{18, 192}));
+}
+
+TEST(Console, Waits_TellThoseOfTheLastReadingToo) {
+    Generator generator;
+    execute(generator, "5 2 7 #");
+    generator.receive(170, 0);
+    generator.receive(6, 5'000);
+    generator.receive(6, 17'000);
+    generator.receive(6, 17'020);
+    generator.receive(6, 29'021);
+    const Lines lines = execute(generator, "waits").lines;
+    EXPECT_EQ(Lines(lines.end() - 5, lines.end()),
+              (Lines{"answer prescribed 5000 count 1 shortest 5000 median 5000 longest 5000 slack 0",
+                     "record_acknowledge prescribed 12000 count 2 shortest 12000 median 12001 longest 12001 slack 0",
+                     "address_acknowledge prescribed 10 count 1 shortest 20 median 20 longest 20 slack 10",
+                     "reading 29021 prescribed 29010", "ok"}));
 }
 
 TEST(Console, Dump_PrintsFiftyLevelsInHexadecimal) {
@@ -64,7 +118,7 @@ TEST(Console, Fail_SetsModeLevelAndTimes) {
     EXPECT_EQ(generator.take(play(generator, calls)), (std::vector<Byte>{170, 6}));
     const Lines modes = execute(generator, "modes").lines;
     EXPECT_EQ(modes.front(), "none");
-    EXPECT_EQ(modes[modes.size() - 2], "between_levels_hang_up");
+    EXPECT_EQ(modes[modes.size() - 2], "sending_hang_up");
 }
 
 TEST(Console, UnplugAndPlug_TakeTheLineAwayAndBack) {
@@ -82,23 +136,36 @@ TEST(Console, WrongCommands_GetOneClearError) {
         const char* command;
         const char* error;
     } cases[] = {
-        {"blink",          "error: unknown command 'blink'; help lists them"          },
-        {"5 2",            "error: unknown command '5 2'; help lists them"            },
-        {"5",              "error: use: 5 3"                                          },
-        {"dump",           "error: use: dump BANK"                                    },
-        {"dump 0",         "error: BANK must be a number from 1 to 40, not '0'"       },
-        {"dump 41",        "error: BANK must be a number from 1 to 40, not '41'"      },
-        {"dump 7x",        "error: BANK must be a number from 1 to 40, not '7x'"      },
-        {"fail",           "error: use: fail MODE [LEVEL] [TIMES]"                    },
-        {"fail often",     "error: no failure mode 'often'; modes lists them"         },
-        {"fail none 51",   "error: LEVEL must be a number from 1 to 50, not '51'"     },
-        {"fail none 1 -1", "error: TIMES must be a number from 0 to 1000000, not '-1'"},
-        {"help me",        "error: use: help"                                         },
+        {"blink",                                      "error: unknown command 'blink'; help lists them"           },
+        {"5 2",                                        "error: use: 5 3 or 5 2 BANK #"                             },
+        {"5",                                          "error: use: 5 3 or 5 2 BANK #"                             },
+        {"5 2 7",                                      "error: use: 5 3 or 5 2 BANK #"                             },
+        {"5 2 #",                                      "error: use: 5 3 or 5 2 BANK #"                             },
+        {"5 2 0 #",                                    "error: BANK must be a number from 1 to 40, not '0'"        },
+        {"5 2 41 #",                                   "error: BANK must be a number from 1 to 40, not '41'"       },
+        {"store 7 1",                                  "error: use: store BANK LEVEL BYTES"                        },
+        {"store 7 51 00",                              "error: LEVEL must be a number from 1 to 50, not '51'"      },
+        {"store 7 1 001",                              "error: a level has 32 hexadecimal digits, not 3"           },
+        {"store 7 1 0000000000000000000000000000000g", "error: no hexadecimal digit: 'g'"                          },
+        {"fill",                                       "error: use: fill BANK"                                     },
+        {"pace fast",                                  "error: use: pace on|off"                                   },
+        {"latency 17",                                 "error: the latency must be a number from 0 to 16, not '17'"},
+        {"fail sending_stops 969",                     "error: OFFSET must be a number from 0 to 968, not '969'"   },
+        {"fail sending_extra_calls 0",                 "error: CALLS must be a number from 1 to 969, not '0'"      },
+        {"dump",                                       "error: use: dump BANK"                                     },
+        {"dump 0",                                     "error: BANK must be a number from 1 to 40, not '0'"        },
+        {"dump 41",                                    "error: BANK must be a number from 1 to 40, not '41'"       },
+        {"dump 7x",                                    "error: BANK must be a number from 1 to 40, not '7x'"       },
+        {"fail",                                       "error: use: fail MODE [PLACE] [TIMES]"                     },
+        {"fail often",                                 "error: no failure mode 'often'; modes lists them"          },
+        {"fail none 51",                               "error: LEVEL must be a number from 1 to 50, not '51'"      },
+        {"fail none 1 -1",                             "error: TIMES must be a number from 0 to 1000000, not '-1'" },
+        {"help me",                                    "error: use: help"                                          },
     };
     for (const auto& [command, error] : cases) {
         Generator generator;
         EXPECT_EQ(execute(generator, command).lines, Lines{error}) << command;
-        EXPECT_FALSE(generator.receiving()) << command;
+        EXPECT_FALSE(generator.receiving() || generator.sending()) << command;
     }
 }
 

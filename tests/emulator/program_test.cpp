@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <spawn.h>
+#include <sstream>
 #include <sys/wait.h>
 #include <termios.h>
 #include <thread>
@@ -190,6 +191,13 @@ public:
         return came == expected;
     }
 
+    // The same, behind any calls that came before the answer was seen.
+    bool gets_behind_calls(const std::vector<Byte>& expected) {
+        Byte byte = 'V';
+        return comes_true([&] { return read(descriptor_, &byte, 1) == 1 && byte != 'V'; }) && byte == expected[0] &&
+               gets({expected.begin() + 1, expected.end()});
+    }
+
     bool hung_up() {
         pollfd watched = {.fd = descriptor_, .events = POLLIN, .revents = 0};
         return poll(&watched, 1, 0) > 0 && (watched.revents & POLLHUP) != 0;
@@ -234,8 +242,10 @@ void load_a_level(Child& child) {
 TEST_F(EmulatorProgram, Load_IsReceivedStoredAndMeasuredWithoutBreach) {
     Child child;
     const Lines greeting = child.start();
-    EXPECT_EQ(greeting, (Lines{"device " + child.device, "Listed in Tessit Control as \"Zephon emulator\".",
-                               "Type 5 3 for every load, help for what else can be typed.", "ready"}));
+    EXPECT_EQ(
+        greeting,
+        (Lines{"device " + child.device, "Listed in Tessit Control as \"Zephon emulator\".",
+               "Type 5 3 for every load, 5 2 BANK # for every reading, help for what else can be typed.", "ready"}));
     EXPECT_EQ(child.ask("5 3"), Lines{"ok"});
     load_a_level(child);
     const Lines dump = child.ask("dump 7");
@@ -245,6 +255,49 @@ TEST_F(EmulatorProgram, Load_IsReceivedStoredAndMeasuredWithoutBreach) {
     EXPECT_EQ(child.ask("violations"), (Lines{"0", "ok"}));
     EXPECT_EQ(child.ask("gaps").size(), 19u);
     EXPECT_EQ(child.errors(), "");
+}
+
+TEST_F(EmulatorProgram, Reading_SendsTheBankPartByPart) {
+    Child child({"--pace", "--latency", "2"});
+    child.start();
+    EXPECT_EQ(child.ask("store 7 1 001e960800031d050000001fffffffff"), Lines{"ok"});
+    Client client(child.device);
+    EXPECT_EQ(child.ask("5 2 7 #"), Lines{"ok"});
+    EXPECT_TRUE(client.gets({'V', 'V'})); // until it is answered
+    client.play({
+        {0,     170},
+        {5'000, 6  }
+    });
+    EXPECT_TRUE(client.gets_behind_calls({18, 192}));
+    client.play({
+        {12'000, 6}
+    });
+    EXPECT_TRUE(client.gets({0x00, 0x1e, 0x96, 8, 0, 3, 0x1d, 5, 0, 0, 0, 0x1f, 255, 255, 255, 255, 4}));
+    client.play({
+        {12'000, 6}
+    });
+    EXPECT_TRUE(client.gets({18, 208}));
+    EXPECT_EQ(child.ask("violations"), (Lines{"0", "ok"}));
+    EXPECT_EQ(child.errors(), "");
+}
+
+TEST_F(EmulatorProgram, ReadingThatHangsUp_HangsUpTheRealLineBetweenTwoParts) {
+    Child child;
+    child.start();
+    EXPECT_EQ(child.ask("fail sending_hang_up 2 1"), Lines{"ok"});
+    child.ask("5 2 7 #");
+    Client client(child.device);
+    EXPECT_TRUE(client.gets({'V'}));
+    client.play({
+        {0,      170},
+        {5'000,  6  },
+        {12'000, 6  }
+    });
+    EXPECT_TRUE(comes_true([&] { return client.hung_up(); }));
+    child.take_device(child.lines_until([](const std::string&) { return true; }).front());
+    Client again(child.device);
+    child.ask("5 2 7 #");
+    EXPECT_TRUE(again.gets({'V'}));
 }
 
 TEST_F(EmulatorProgram, Terminal_IsRawBeforeAnyClientSetsIt) {
@@ -374,13 +427,9 @@ TEST_F(EmulatorProgram, EndOfInput_EndsItOnlyWhenAskedTo) {
 }
 
 TEST_F(EmulatorProgram, WrongOptions_AreRefusedWithTheUsage) {
-    const std::vector<std::vector<std::string>> cases = {
-        {"--loud"},
-        {             "--port-name"       },
-        { "--port-name",        "../x"}
-    };
-    for (const auto& options : cases) {
-        Child child(options);
+    for (const char* options : {"--loud", "--port-name", "--port-name ../x", "--latency", "--latency 17"}) {
+        std::istringstream words(options);
+        Child child(std::vector<std::string>(std::istream_iterator<std::string>(words), {}));
         EXPECT_EQ(child.exit_code(), 2);
         EXPECT_NE(child.errors().find("usage: zephon-emulator"), std::string::npos);
     }
