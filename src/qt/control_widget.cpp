@@ -55,9 +55,17 @@ void ControlWidget::show_state() {
     }
 }
 
+// Oftener than the eye can follow, painting would be most of what the handler does; the rest comes when it waits.
 void ControlWidget::repaint_now() {
+    constexpr int frame = 25; // milliseconds
     refresh();
+    const QWindow* screen_window = widget_.window()->windowHandle();
+    const bool exposed = screen_window != nullptr && screen_window->isExposed();
+    if (exposed && since_painted_.isValid() && !since_painted_.hasExpired(frame)) {
+        return;
+    }
     paint_at_once(*widget_.window());
+    since_painted_.start();
 }
 
 void ControlWidget::take_focus() {

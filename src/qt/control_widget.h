@@ -6,6 +6,7 @@
 
 #include "platform/control.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QSize>
 #include <QWidget>
@@ -48,6 +49,7 @@ private:
     const ControlDesign design_;
     QWidget& widget_;
     int quiet_ = 0;
+    QElapsedTimer since_painted_;
 };
 
 // Shows `window` and has it on the screen, first exposure included; lets no user input in.
