@@ -7,15 +7,7 @@
 namespace tessit::testing {
 namespace {
 
-class TableCodecTest : public ::testing::Test {
-protected:
-    Program program;
-    App& app = program.app;
-    EditWindow& window() { return app.editwindow.get(); }
-
-    void SetUp() override { program.new_protocol(); }
-    void TearDown() override { app.editchanged = false; }
-};
+using TableCodecTest = EditorTest;
 
 TEST_F(TableCodecTest, reset_unsets_levels_1_to_50_and_not_index_0) {
     app.fbyte2[0] = 7;

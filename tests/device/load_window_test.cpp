@@ -38,7 +38,6 @@ protected:
         program.desktop.connect(ports);
         generator.press_receive();
     }
-    void TearDown() override { app.editchanged = false; }
 
     void choose_port() {
         app.choose_menu("SettingsSetSerialPort");

@@ -9,15 +9,7 @@ namespace {
 
 constexpr const char* unsaved = "Data in the Edit window has not been saved to file\rDo you want to save it?";
 
-class EditWindowTest : public ::testing::Test {
-protected:
-    Program program;
-    App& app = program.app;
-    EditWindow& window() { return app.editwindow.get(); }
-
-    void SetUp() override { program.new_protocol(); }
-    void TearDown() override { app.editchanged = false; }
-};
+using EditWindowTest = EditorTest;
 
 TEST_F(EditWindowTest, opens_with_the_defaults_and_an_empty_row) {
     EXPECT_EQ(program.levels(), 0);

@@ -8,15 +8,9 @@
 namespace tessit::testing {
 namespace {
 
-class RowCommandsTest : public ::testing::Test {
+class RowCommandsTest : public EditorTest {
 protected:
-    Program program;
-    App& app = program.app;
-    EditWindow& window() { return app.editwindow.get(); }
     Listbox& table() { return window().edit_displayBox; }
-
-    void SetUp() override { program.new_protocol(); }
-    void TearDown() override { app.editchanged = false; }
 
     void enter_levels(int count) {
         for (int i = 1; i <= count; ++i) {

@@ -7,15 +7,7 @@
 namespace tessit::testing {
 namespace {
 
-class LevelEntryTest : public ::testing::Test {
-protected:
-    Program program;
-    App& app = program.app;
-    EditWindow& window() { return app.editwindow.get(); }
-
-    void SetUp() override { program.new_protocol(); }
-    void TearDown() override { app.editchanged = false; }
-};
+using LevelEntryTest = EditorTest;
 
 TEST_F(LevelEntryTest, rows_hold_what_was_typed) {
     program.enter("7.83");

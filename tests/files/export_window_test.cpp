@@ -12,14 +12,8 @@ namespace {
 const std::string headings = "Level\tWaveform\tBase\tWidth\t# Freqs.\tTime each\tTotal Time\tPulse\tRate\tWaveShape\t"
                              "Duty Cycle\tOutput\r";
 
-class ExportTest : public ::testing::Test {
+class ExportTest : public EditorTest {
 protected:
-    Program program;
-    App& app = program.app;
-
-    void SetUp() override { program.new_protocol(); }
-    void TearDown() override { app.editchanged = false; }
-
     std::string exported() {
         program.desktop.choose_file(program.desktop.folder / "table.tab");
         app.choose_menu("FileExport");

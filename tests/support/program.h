@@ -8,6 +8,8 @@
 #include "editor/edit_window.h"
 #include "support/scripted_desktop.h"
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <vector>
 
@@ -61,6 +63,16 @@ struct Program {
         desktop.choose_file(file);
         app.choose_menu("FileOpen");
     }
+};
+
+// A program with an empty editor in front.
+class EditorTest : public ::testing::Test {
+protected:
+    Program program;
+    App& app = program.app;
+    EditWindow& window() { return app.editwindow.get(); }
+
+    void SetUp() override { program.new_protocol(); }
 };
 
 } // namespace tessit::testing
