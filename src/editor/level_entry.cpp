@@ -18,6 +18,15 @@ std::int32_t plus(std::int32_t sum, float value) {
     return truncate(static_cast<double>(sum) + static_cast<double>(value));
 }
 
+const std::string& piece_of_clock(const Array<std::string>& pieces, int index) {
+    if (index >= pieces.count()) {
+        throw Fault(FaultKind::out_of_bounds,
+                    "A total time in the table is not in the form HH:MM:SS, so the bank's total "
+                    "time could not be added up.");
+    }
+    return pieces[index];
+}
+
 } // namespace
 
 bool is_enter_key(std::string_view key) {
@@ -104,8 +113,8 @@ std::string bank_time(const std::vector<std::string>& cells, PlainSeconds plain_
             total.minutes = plus(total.minutes, number(pieces[1]));
             total.seconds = plus(total.seconds, number(pieces[2]));
         } else {
-            total.minutes = plus(total.minutes, number(pieces[0]));
-            total.seconds = plus(total.seconds, number(pieces[1]));
+            total.minutes = plus(total.minutes, number(piece_of_clock(pieces, 0)));
+            total.seconds = plus(total.seconds, number(piece_of_clock(pieces, 1)));
         }
         total = carried(total);
     }

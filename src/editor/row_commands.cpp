@@ -75,6 +75,9 @@ void take_levels_over(App& app) {
             app.ShowModal(no_room_dialog());
             return;
         }
+        if (i + 1 >= app.ReadZPWindow->displaybox.ListCount()) {
+            throw Fault(FaultKind::out_of_bounds, "No bank has been read yet.");
+        }
         if (app.ReadZPWindow->displaybox.Cell(i + 1, column::waveform) != "blank") {
             app.displaydata(i);
         }

@@ -20,6 +20,9 @@ FileType protocol_file_type_for_saving() {
 }
 
 void read_record(BinaryInputStream& stream, RegisterImage& image, int level) {
+    if (level > most_levels) {
+        throw Fault(FaultKind::out_of_bounds, "The file holds more than 50 levels. The first 50 have been read.");
+    }
     image.fbyte2[level] = stream.ReadByte();
     if (image.fbyte2[level] == escape) {
         image.fbyte2[level] = stream.ReadByte();

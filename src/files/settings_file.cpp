@@ -41,6 +41,14 @@ std::int32_t integer(const std::string& text) {
     return truncate(read_number(characters(text)));
 }
 
+const std::string& value_of(const Array<std::string>& items) {
+    if (items.count() < 2) {
+        throw Fault(FaultKind::out_of_bounds, "The settings file has no value behind \"" + items[0] +
+                                                  "\". What stands behind it in the file has not been read.");
+    }
+    return items[1];
+}
+
 void apply_use_euro(AppState& state, const std::string& value) {
     if (same_text(value, "True")) {
         state.use_euro = true;
@@ -74,24 +82,24 @@ std::string settings_text(const AppState& state) {
 SettingEffect apply_setting(AppState& state, const Array<std::string>& items) {
     const std::string& key = items[0];
     if (same_text(key, serial_port_key)) {
-        state.portnum = integer(items[1]);
+        state.portnum = integer(value_of(items));
         return SettingEffect::serial_port_chosen;
     }
     for (const auto& setting : list_settings) {
         if (same_text(key, setting.key)) {
-            state.*setting.property = integer(items[1]);
+            state.*setting.property = integer(value_of(items));
         }
     }
     for (const auto& setting : text_settings) {
         if (same_text(key, setting.key)) {
-            state.*setting.property = items[1];
+            state.*setting.property = value_of(items);
         }
     }
     if (same_text(key, time_format_setting.key)) {
-        state.*time_format_setting.property = integer(items[1]);
+        state.*time_format_setting.property = integer(value_of(items));
     }
     if (same_text(key, use_euro_key)) {
-        apply_use_euro(state, items[1]);
+        apply_use_euro(state, value_of(items));
     }
     return SettingEffect::none;
 }
