@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Two simple ways to wait, beside which the program's clock is measured.
+// Times, and two simple ways to wait, beside which the program's clock is measured.
 #pragma once
 
 #include "platform/clock.h"
@@ -7,6 +7,7 @@
 namespace tessit::bench {
 
 Microseconds steady_now();
+Microseconds processor_time(); // of this process
 
 class SteadyClock : public Clock {
 public:

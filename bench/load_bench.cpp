@@ -19,7 +19,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <stdexcept>
-#include <sys/resource.h>
 
 namespace tessit::bench {
 namespace {
@@ -68,13 +67,6 @@ struct Way {
     Clock* clock; // null for the program's own
     std::vector<Sample> samples{};
 };
-
-Microseconds processor_time() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1'000'000 + usage.ru_utime.tv_usec +
-           usage.ru_stime.tv_usec;
-}
 
 void let_windows_settle() {
     for (const QDeadlineTimer deadline(500); !deadline.hasExpired();) {

@@ -14,7 +14,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <stdexcept>
-#include <sys/resource.h>
 
 namespace tessit::bench {
 namespace {
@@ -48,13 +47,6 @@ struct Case {
     int perfect = 0; // readings with all fifty levels right
     int fewest = levels;
 };
-
-Microseconds processor_time() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1'000'000 + usage.ru_utime.tv_usec +
-           usage.ru_stime.tv_usec;
-}
 
 class ReadBench {
 public:
