@@ -303,7 +303,7 @@ class Desktop:
 
     def choose_file(self, path, before=lambda dialog: None):
         """Types a path into the file dialog that comes up and confirms it; "before" sees the dialog filled in."""
-        dialog = self.wait("a file dialog", self._file_dialog)
+        dialog = self.wait("a file dialog", self.file_dialog)
         field = dialog.find("text", "File name")
         self.fill(field, str(path))
         before(dialog)
@@ -321,7 +321,8 @@ class Desktop:
             return effect()
         self.wait(what, effect_or_again)
 
-    def _file_dialog(self):
+    def file_dialog(self):
+        """The file dialog that is up, or None."""
         return next((window for window in self.windows()
                      if window.role in ("dialog", "file chooser") and window.find("text", "File name")), None)
 

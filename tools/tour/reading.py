@@ -8,6 +8,7 @@ from .places import BANK, EDITOR, MAIN, READER
 
 INSERTED = "15.5"  # the base frequency of the level that goes between the first two
 PREFERRED_WIDTH = "4"
+FULL = 51  # rows of a full table, the empty row 0 among them
 READING_PATIENCE = 60.0  # seconds; a reading takes about two
 
 
@@ -23,8 +24,7 @@ class Reading:
         """All steps in order, up to the end of the program's first run."""
         self.read_back()
         self.take_over()
-        self.insert_row()
-        self.delete_row()
+        self.change_rows()
         self.export()
         self.set_preference()
 
@@ -48,7 +48,7 @@ class Reading:
         window = self.desktop.find_window(READER)
         table = window.find("table", "Bank") if window else None
         name = window.find("text", "Bank") if window else None
-        return table and table.row_count() == 51 and name and name.text == f"Bank_{BANK}"
+        return table and table.row_count() == FULL and name and name.text == f"Bank_{BANK}"
 
     def take_over(self):
         """Edit > Edit Protocol: the reading window asks about its unsaved data and goes, the editor has the levels."""
@@ -68,13 +68,24 @@ class Reading:
         window = self.desktop.window(EDITOR)
         return window, self.desktop.control(window, "table", "Protocol Listing")
 
+    def change_rows(self):
+        """One row comes and one goes; a full table loses two first, for an inserted fiftieth level would be refused."""
+        _, table = self.editor()
+        if table.row_count() < 3:
+            self.diary.tell("One level alone: its row is left as it is")
+            return
+        deleted = 0
+        while table.row_count() >= FULL - 1:
+            self.delete_row()
+            deleted += 1
+        self.insert_row()
+        if not deleted:
+            self.delete_row()
+
     def insert_row(self):
         """Edit > Insert Row above level 2; the next level typed fills it."""
         window, table = self.editor()
         count = table.row_count()
-        if count < 3:
-            self.diary.tell("One level alone: no row is inserted")
-            return
         self.desktop.select_row(table, 2)
         self.desktop.command(window, "Edit", "Insert Row")
         self.desktop.wait("the empty row", lambda: table.row_count() == count + 1 and table.row(2)[2] == "")
@@ -89,8 +100,6 @@ class Reading:
         """Edit > Delete Row on level 1."""
         window, table = self.editor()
         count, second = table.row_count(), table.row(2)
-        if count < 3:
-            return
         self.desktop.select_row(table, 1)
         self.desktop.command(window, "Edit", "Delete Row")
         self.desktop.wait("the row to go", lambda: table.row_count() == count - 1 and table.row(1)[1:] == second[1:])

@@ -12,6 +12,7 @@ NAME = "Tour"
 LISTS = {"wave": "Wave Type", "width": "Width", "pulse": "Pulsing", "duty": "Duty Cycle", "shape": "Wave Shape",
          "output": "Output"}  # in the order chosen: a new wave type sets the time anew
 FIELDS = {"time": "Time", "rate": "Pulse Rate", "base": "Base Frequency"}
+FILE_BANK = 9  # takes the file
 LOADING_PATIENCE = 120.0  # seconds; a load takes about six
 
 
@@ -48,6 +49,7 @@ class Tour:
         self.exit()
         self.desktop = self.start_program()
         reading.check_kept(self.desktop)
+        self.load_from_file()
         self.exit()
 
     def picture(self, name, window=None):
@@ -166,13 +168,37 @@ class Tour:
         return text
 
     def load(self):
-        """Zephon > Load Direct into the bank; the emulator is keyed to receive when the program asks for it."""
+        """Zephon > Load Direct into the bank."""
         self.desktop.command(self.desktop.window(EDITOR), "Zephon", "Load Direct")
         window = self.desktop.window("Load Direct")
         self.connected(window)
-        self.choose_bank(window)
-        self.picture("load window", window)
-        self.desktop.click(self.desktop.control(window, "push button", "Load"), "the message before loading",
+        self.load_into(BANK, window, "Load")
+        self.desktop.close(window)
+
+    def load_from_file(self):
+        """Zephon > Load From File: the saved protocol goes to another bank as it stands in the file."""
+        self.desktop.command(self.desktop.window(MAIN), "Zephon", "Load From File")
+        window = self.desktop.window("Load From File")
+        self.connected(window)
+        self.picture("load from file", window)
+        self.desktop.click(self.desktop.control(window, "push button", "Choose File"), "a file dialog",
+                           self.desktop.file_dialog)
+        self.desktop.choose_file(self.saved)
+        self.load_into(FILE_BANK, window, "Click Here to Commence Loading")
+        self.desktop.close(window)
+        held = [line.split() for line in self.emulator.ask(f"dump {FILE_BANK}")]
+        record = self.saved.read_bytes()
+        for level in range(len(record) // 12):
+            if bytes.fromhex("".join(held[level][:12])) != record[12 * level:12 * level + 12]:
+                raise TourError(f"Bank {FILE_BANK} does not hold level {level + 1} of the file")
+        self.diary.tell(f"Bank {FILE_BANK} holds the file's levels byte for byte")
+
+    def load_into(self, bank, window, button):
+        """Loads a bank from a load window; the emulator is keyed to receive when the program asks for it."""
+        self.desktop.choose(self.desktop.control(window, "combo box", "Bank, tens digit"), str(bank // 10))
+        self.desktop.choose(self.desktop.control(window, "combo box", "Bank, units digit"), str(bank % 10))
+        self.picture("bank chosen", window)
+        self.desktop.click(self.desktop.control(window, "push button", button), "the message before loading",
                            lambda: self.desktop.find_message("Ready to load: "))
         message = self.desktop.message("Ready to load: ")
         self.picture("ready to load", message)
@@ -181,13 +207,7 @@ class Tour:
         self.watch_progress()
         told = self.desktop.wait("the load to be completed", lambda: loaded(window), patience=LOADING_PATIENCE)
         self.picture("load completed", window)
-        self.diary.tell(f'Loaded bank {BANK:02}; the window says "{told}"')
-        self.desktop.close(window)
-
-    def choose_bank(self, window):
-        """Sets both digits of the bank."""
-        self.desktop.choose(self.desktop.control(window, "combo box", "Bank, tens digit"), str(BANK // 10))
-        self.desktop.choose(self.desktop.control(window, "combo box", "Bank, units digit"), str(BANK % 10))
+        self.diary.tell(f'Loaded bank {bank:02}; the window says "{told}"')
 
     def watch_progress(self):
         """The progress notice is up while the program is busy; only the X server can be asked then."""
