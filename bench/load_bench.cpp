@@ -3,6 +3,7 @@
 // ROUNDS times with each of three clocks in turn, and prints a Markdown table. What it waits by is exchanged; the
 // dialogue, the serial port, the windows and the generator are the same. Every load is checked: the generator holds
 // the fifty levels of the file, and has found nothing wrong.
+#include "bench/bench_main.h"
 #include "bench/clocks.h"
 #include "bench/emulator_process.h"
 #include "bench/observed_line.h"
@@ -12,7 +13,6 @@
 #include "device/load_direct_window.h"
 #include "device/settings_window.h"
 #include "editor/edit_window.h"
-#include "qt/qt_desktop.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
@@ -240,11 +240,5 @@ int run(const QStringList& arguments) {
 } // namespace tessit::bench
 
 int main(int argc, char* argv[]) {
-    tessit::qt::GuiApplication application(argc, argv);
-    try {
-        return tessit::bench::run(application.arguments());
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "load_bench: %s\n", error.what());
-        return 1;
-    }
+    return tessit::bench::run_bench(argc, argv, tessit::bench::run);
 }

@@ -3,13 +3,13 @@
 // that sends at the line's 1920 bytes a second, with adapters of 0, 1 and 3 ms of latency, ROUNDS times each with the
 // program's clock and with pure spinning in turn, and prints a Markdown table. Each reading counts the levels that
 // arrived as the generator holds them.
+#include "bench/bench_main.h"
 #include "bench/clocks.h"
 #include "bench/emulator_process.h"
 #include "core/app.h"
 #include "core/main_window.h"
 #include "device/read_window.h"
 #include "device/settings_window.h"
-#include "qt/qt_desktop.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -150,11 +150,5 @@ int run(const QStringList& arguments) {
 } // namespace tessit::bench
 
 int main(int argc, char* argv[]) {
-    tessit::qt::GuiApplication application(argc, argv);
-    try {
-        return tessit::bench::run(application.arguments());
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "read_bench: %s\n", error.what());
-        return 1;
-    }
+    return tessit::bench::run_bench(argc, argv, tessit::bench::run);
 }

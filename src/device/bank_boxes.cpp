@@ -8,8 +8,17 @@
 
 namespace tessit {
 
-std::string bank_too_high_message(const char* bank_word, int bank) {
-    return std::string("Invalid, ") + bank_word + " " + Str(bank) + " selected\rChoose a bank 1 to " + Str(wire::banks);
+std::optional<std::string> refused_bank(const PopupMenu& tens, const PopupMenu& units, const char* bank_word) {
+    const bool digits = tens.ListIndex() >= 0 && units.ListIndex() >= 0;
+    const int bank = bank_of(tens, units);
+    if (digits && bank == 0) {
+        return bank_zero_message;
+    }
+    if (digits && bank <= wire::banks) {
+        return std::nullopt;
+    }
+    return std::string("Invalid, ") + bank_word + " " + (digits ? Str(bank) : tens.Text() + units.Text()) +
+           " selected\rChoose a bank 1 to " + Str(wire::banks);
 }
 
 MessageDialog ready_to_load_dialog(const std::string& name, const PopupMenu& tens, const PopupMenu& units) {

@@ -6,6 +6,7 @@
 #include "platform/choice.h"
 #include "platform/dialogs.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,8 +28,10 @@ inline int bank_of(const PopupMenu& tens, const PopupMenu& units) {
 
 inline constexpr const char* bank_zero_message = "Invalid, Bank 00 selected";
 
-// `bank_word` is "Bank" or "bank": the two windows write it differently.
-std::string bank_too_high_message(const char* bank_word, int bank);
+// What to tell of a bank that can't be loaded: 0, above 40, or a text of the user's own in a box, which would count as
+// another bank. None where the boxes show bank 1 to 40. `bank_word` is "Bank" or "bank": the windows write it
+// differently.
+std::optional<std::string> refused_bank(const PopupMenu& tens, const PopupMenu& units, const char* bank_word);
 
 MessageDialog ready_to_load_dialog(const std::string& name, const PopupMenu& tens, const PopupMenu& units);
 

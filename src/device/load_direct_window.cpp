@@ -3,7 +3,6 @@
 
 #include "core/main_window.h"
 #include "device/settings_window.h"
-#include "device/wire.h"
 #include "editor/edit_window.h"
 
 namespace tessit {
@@ -19,12 +18,8 @@ void LoadDirectWindow::bank_bt0_Change() {
 }
 
 void LoadDirectWindow::LoadButton_Action() {
-    const int bank = bank_of(bank_bt1, bank_bt0);
-    if (bank == 0) {
-        return app.MsgBox(bank_zero_message);
-    }
-    if (bank > wire::banks) {
-        return app.MsgBox(bank_too_high_message("Bank", bank));
+    if (const auto refused = refused_bank(bank_bt1, bank_bt0, "Bank")) {
+        return app.MsgBox(*refused);
     }
     loadcompleted.SetVisible(false);
     const auto question = ready_to_load_dialog(app.editwindow->namefield.Text(), bank_bt1, bank_bt0);

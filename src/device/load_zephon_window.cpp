@@ -3,7 +3,6 @@
 
 #include "core/main_window.h"
 #include "device/settings_window.h"
-#include "device/wire.h"
 #include "files/protocol_file.h"
 #include "platform/text.h"
 
@@ -40,12 +39,8 @@ void LoadZephonWindow::bank_Change() {
 }
 
 void LoadZephonWindow::loadbutton_Action() {
-    const int bank = bank_of(bankbox1, bankbox0);
-    if (bank == 0) {
-        return app.MsgBox(bank_zero_message);
-    }
-    if (bank > wire::banks) {
-        return app.MsgBox(bank_too_high_message("bank", bank));
+    if (const auto refused = refused_bank(bankbox1, bankbox0, "bank")) {
+        return app.MsgBox(*refused);
     }
     zephonloadcomplete.SetVisible(false);
     if (app.ShowModal(ready_to_load_dialog(fn1.Text(), bankbox1, bankbox0)) == DialogAnswer::cancel) {

@@ -171,6 +171,18 @@ TEST_F(LoadTest, banks_outside_1_to_40_are_refused) {
     window.LoadButton.click();
 }
 
+TEST_F(LoadTest, a_text_of_the_users_own_in_a_bank_box_is_refused_and_no_other_bank_is_loaded) {
+    LoadDirectWindow& window = ready_to_load(40);
+    window.bank_bt0.edit("x"); // counts as -1, which would make it bank 39
+    program.desktop.expect_message("Invalid, Bank 4x selected\rChoose a bank 1 to 40");
+    window.LoadButton.click();
+    window.bank_bt1.edit("");
+    window.bank_bt0.edit("7");
+    program.desktop.expect_message("Invalid, Bank 7 selected\rChoose a bank 1 to 40");
+    window.LoadButton.click();
+    EXPECT_EQ(program.desktop.simulated_clock.idled(), 0);
+}
+
 TEST_F(LoadTest, closing_the_load_window_only_hides_it) {
     LoadDirectWindow& window = ready_to_load(39);
     window.close_by_user();
