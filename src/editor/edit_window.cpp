@@ -3,7 +3,6 @@
 
 #include "core/main_window.h"
 #include "core/menus.h"
-#include "editor/level_entry.h"
 #include "files/protocol_file.h"
 #include "platform/text.h"
 
@@ -187,6 +186,20 @@ void EditWindow::add_to_totals(const DecodedLevel& decoded) {
     totalseconds = totals.time.seconds;
     BankFreqField.SetText(Str(totalfreqs));
     BankTimeField.SetText(format_clock(totals.time)); // in this form whatever the time format
+}
+
+void EditWindow::add_up_cells(std::int32_t frequencies_from, PlainSeconds plain_seconds) {
+    std::vector<float> frequencies;
+    std::vector<std::string> times;
+    for (int row = 1; row < edit_displayBox.ListCount(); ++row) {
+        frequencies.push_back(app.strintR(edit_displayBox.Cell(row, column::frequencies)));
+        times.push_back(edit_displayBox.Cell(row, column::total_time));
+    }
+    if (const auto sum = bank_frequencies(frequencies_from, frequencies)) {
+        BankFreqField.SetText(Str(*sum));
+    }
+    BankTimeField.SetText("");
+    BankTimeField.SetText(bank_time(times, plain_seconds));
 }
 
 EncodingRules EditWindow::encoding_rules() {

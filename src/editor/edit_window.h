@@ -6,6 +6,7 @@
 #include "codec/decoder.h"
 #include "core/app.h"
 #include "core/document_window.h"
+#include "editor/level_entry.h"
 #include "platform/buttons.h"
 #include "platform/choice.h"
 #include "platform/edit_field.h"
@@ -170,7 +171,9 @@ public:
     void cancelbutton_Action();
     void edit_displayBox_DoubleClick();
 
-    void add_to_totals(const DecodedLevel& decoded);
+    void add_to_totals(const DecodedLevel& decoded); // the running ones
+    // Both total fields anew from the table's cells. A fault leaves the time empty.
+    void add_up_cells(std::int32_t frequencies_from, PlainSeconds plain_seconds);
 
     const Listbox& level_table() override { return edit_displayBox; }
     int last_level_row() override { return edit_displayBox.ListCount() - 1; }

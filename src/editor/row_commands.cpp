@@ -3,7 +3,6 @@
 #include "core/app.h"
 #include "device/read_window.h"
 #include "editor/edit_window.h"
-#include "editor/level_entry.h"
 #include "files/protocol_file.h"
 #include "platform/text.h"
 
@@ -31,21 +30,6 @@ void remove_selected_level(Listbox& table) {
         table.RemoveRow(table.ListIndex());
         renumber_levels(table);
     }
-}
-
-// From the cells; the running totals of displaydata go on counting the removed row.
-void add_up_totals(EditWindow& w, App& app) {
-    std::vector<float> frequencies;
-    std::vector<std::string> times;
-    for (int row = 1; row < w.edit_displayBox.ListCount(); ++row) {
-        frequencies.push_back(app.strintR(w.edit_displayBox.Cell(row, column::frequencies)));
-        times.push_back(w.edit_displayBox.Cell(row, column::total_time));
-    }
-    if (const auto sum = bank_frequencies(0, frequencies)) {
-        w.BankFreqField.SetText(Str(*sum));
-    }
-    w.BankTimeField.SetText("");
-    w.BankTimeField.SetText(bank_time(times, PlainSeconds::out_of_bounds));
 }
 
 enum class Insertion { done, table_full };
@@ -89,7 +73,7 @@ void take_levels_over(App& app) {
 bool App::_EditDeleteRow_Action() {
     if (myactivewindow == document::editor) {
         remove_selected_level(editwindow->edit_displayBox);
-        add_up_totals(editwindow.get(), *this);
+        editwindow->add_up_cells(0, PlainSeconds::out_of_bounds);
         editwindow->FreqField.SetFocus();
     }
     MenuBar1.item("EditDeleteRow").SetEnabled(false); // until the window's rules are asked again

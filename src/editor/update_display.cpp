@@ -44,21 +44,6 @@ std::int32_t fill_total(App& app, EditWindow& w, int row) {
     return 0;
 }
 
-void show_bank_totals(App& app, EditWindow& w, std::int32_t frequencies_from) {
-    const Listbox& table = w.edit_displayBox;
-    std::vector<float> frequencies;
-    std::vector<std::string> times;
-    for (int row = 1; row < table.ListCount(); ++row) {
-        frequencies.push_back(app.strintR(table.Cell(row, column::frequencies)));
-        times.push_back(table.Cell(row, column::total_time));
-    }
-    if (const auto sum = bank_frequencies(frequencies_from, frequencies)) {
-        w.BankFreqField.SetText(Str(*sum));
-    }
-    w.BankTimeField.SetText("");
-    w.BankTimeField.SetText(bank_time(times));
-}
-
 void enter_new_level(App& app, EditWindow& w) {
     Listbox& table = w.edit_displayBox;
     if (table.ListCount() - 1 >= most_levels) {
@@ -75,7 +60,7 @@ void enter_new_level(App& app, EditWindow& w) {
     fill_cells_before_total(w, row);
     fill_total(app, w, row);
     fill_cells_behind_total(w, row);
-    show_bank_totals(app, w, 0);
+    w.add_up_cells(0, PlainSeconds::added);
     w.level_field.SetText(Str(table.ListCount()));
     table.SetScrollPosition(row - 10);
     w.FreqField.SetText("");
@@ -106,7 +91,7 @@ void change_level(App& app, EditWindow& w) {
     const std::int32_t left_over = fill_total(app, w, row);
     fill_cells_behind_total(w, row);
     // The sum begins with what the total variable still holds, so in seconds it shows too much until the next level.
-    show_bank_totals(app, w, left_over);
+    w.add_up_cells(left_over, PlainSeconds::added);
     w.FreqField.SetText("");
     w.changelvlfield.SetVisible(false);
     w.cancelbutton.SetVisible(false);

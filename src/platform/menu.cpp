@@ -16,17 +16,6 @@ MenuItem& MenuBar::item(std::string_view name) {
     throw Fault(FaultKind::nil_object, "The menu bar has no entry \"" + std::string(name) + "\".");
 }
 
-bool MenuBar::has(std::string_view name) const {
-    for (const Menu& menu : menus_) {
-        for (const MenuItem& item : menu.items) {
-            if (item.name() == name) {
-                return true;
-            }
-        }
-    }
-    return false;
-}
-
 void MenuBar::restore_auto_enable() {
     for (Menu& menu : menus_) {
         for (MenuItem& item : menu.items) {

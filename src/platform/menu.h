@@ -55,7 +55,6 @@ public:
 
     const std::vector<Menu>& menus() const { return menus_; }
     MenuItem& item(std::string_view name); // Fault nil_object where no entry has this name
-    bool has(std::string_view name) const;
     void restore_auto_enable();
 
 private:
