@@ -10,13 +10,24 @@
 
 namespace tessit {
 
+class ComposeWindow;
+class ConsolidatorWindow;
+class ContactPopup;
+class ContactUsForm;
 class DocumentWindow;
 class EditWindow;
+class FeedbackForm;
+class FeedbackPopup;
+class HelpWindow;
 class LoadDirectWindow;
 class LoadZephonWindow;
 class MainWindow;
+class OnlineHelpForm;
+class OnlineHelpPopup;
+class PageSetupWindow;
 class PopupWindow;
 class PreferencesWindow;
+class QcWindow;
 class ReadWindow;
 class SettingsWindow;
 
@@ -70,6 +81,26 @@ public:
 
     Instance<EditWindow> editwindow{*this};
 
+    // consolidator: the frequency list as text and as numbers, and the clipboard, which serves that list alone.
+    void loadarray();
+    void consolidatorsortup();
+    void consolidatorsortdn();
+    void removeduplicates();
+    bool _ConsolidatorNew_Action();
+    bool _ConsolidatorOpen_Action();
+    bool _ConsolidatorQuit_Action();
+    bool _EditCut_Action();
+    bool _EditCopy_Action();
+    bool _EditPaste_Action();
+
+    Instance<ConsolidatorWindow> consolidatorWindow{*this};
+
+    // composer: from the frequency list to a protocol.
+    void compose();
+    static double diff(double a, double b) { return a >= b ? a - b : b - a; }
+
+    Instance<ComposeWindow> composewindow{*this};
+
     // device: serial settings and the transfers.
     void sendzephon();
     void getdata();
@@ -83,6 +114,31 @@ public:
     Instance<LoadDirectWindow> load_direct_window{*this};
     Instance<LoadZephonWindow> loadzephonWindow{*this};
     Instance<ReadWindow> ReadZPWindow{*this};
+
+    // report: the printed page and the windows in which it is set up.
+    void Print();
+    void pagesetup();
+    bool _FilePageSetup_Action();
+    bool _FilePrint_Action();
+
+    Instance<PageSetupWindow> pgsetupwindow{*this};
+    Instance<QcWindow> qcsetupwindow{*this};
+
+    // support: the mail forms and the help documents.
+    bool _ContactUsGiveusyourFeedback_Action();
+    bool _ContactUsOnlineSupport_Action();
+    bool _HelpOpenHelpFile_Action();
+    bool _HelpHelpFile_Action();
+    bool _HelpDisplayManual_Action();
+    bool _HelpOnlineHelp_Action();
+
+    Instance<FeedbackForm> FeedbackWindow{*this};
+    Instance<FeedbackPopup> feedbackPopup{*this};
+    Instance<ContactUsForm> ContactUsWindow{*this};
+    Instance<ContactPopup> ContactPopUp{*this};
+    Instance<OnlineHelpForm> OnlineHelpWindow{*this};
+    Instance<OnlineHelpPopup> onlinehelpPopup{*this};
+    Instance<HelpWindow> helpWindow{*this};
 
 protected:
     void show_main_window() override;

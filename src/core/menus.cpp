@@ -98,10 +98,25 @@ const EnableRules editwindow{
                  "ConsolidatorNew", "ConsolidatorOpen", "ConsolidatorQuit", "SettingsSaveSettings"},
 };
 
+const EnableRules consolidatorWindow{
+    .enables = {"FilePageSetup", "FilePrint", "FileSave", "EditCut", "EditCopy", "EditPaste", "ConsolidatorQuit"},
+    .disables = {"EditInsertRow", "EditDeleteRow", "ZephonLoadDirect", "ZephonLoadFromFile", "SettingsSaveSettings",
+                 "FileQuitEditor", "FileCreateNewFile", "FileOpen"},
+};
+
+const EnableRules composewindow{
+    .enables = {"ConsolidatorQuit", "HelpOpenHelpFile", "HelpDisplayManual", "FilePrint", "FilePageSetup", "FileSave",
+                "FileExport", "EditDeleteRow", "EditInsertRow", "ZephonLoadDirect"},
+    .disables = {"ConsolidatorNew", "ConsolidatorOpen", "FileOpen", "FileCreateNewFile", "FileQuitEditor", "EditCut",
+                 "EditCopy", "EditPaste", "ZephonLoadFromFile", "SettingsSaveSettings"},
+};
+
 const EnableRules ReadZPWindow{
     .enables = {"FileSave", "EditEditProtocol"},
     .disables = {"EditCut", "EditCopy", "EditPaste", "EditDeleteRow"},
 };
+
+const EnableRules pgsetupwindow{.enables = {"FilePrint"}, .disables = {}};
 
 const EnableRules settings_windows{
     .enables = {"SettingsSaveSettings"},

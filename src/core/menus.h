@@ -22,7 +22,10 @@ struct EnableRules {
 namespace enable_rules {
 extern const EnableRules Window1;
 extern const EnableRules editwindow;
+extern const EnableRules consolidatorWindow;
+extern const EnableRules composewindow;
 extern const EnableRules ReadZPWindow;
+extern const EnableRules pgsetupwindow;
 extern const EnableRules settings_windows; // settings_window and SetPreferencesWindow
 } // namespace enable_rules
 

@@ -123,6 +123,10 @@ void Application::guarded(const std::string& handler, const std::function<void()
     }
 }
 
+void Application::report_soon(const Fault& fault) {
+    desktop_.call_soon([this, fault] { from_user(fault.handler(), [&] { throw Fault(fault); }); });
+}
+
 void Application::from_user(const std::string& handler, const std::function<void()>& body) {
     ++depth_;
     guarded(handler, body);

@@ -83,6 +83,8 @@ public:
     bool busy() const { return depth_ > 0; } // a handler is running
     // Runs a step whose fault must not keep the rest of a handler from running: reported at once.
     void guarded(const std::string& handler, const std::function<void()>& body);
+    // Reported as soon as the event loop runs again: for faults that come while a window is being painted.
+    void report_soon(const Fault& fault);
 
     // Menu. `enable_menu_items` asks the window in front; `choose_menu` is user input and does nothing on a
     // disabled entry.

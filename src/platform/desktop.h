@@ -8,7 +8,9 @@
 #include "platform/fault.h"
 #include "platform/serial.h"
 
+#include <functional>
 #include <optional>
+#include <string>
 
 namespace tessit {
 
@@ -29,6 +31,9 @@ public:
     virtual std::optional<FolderItem> choose_save_file(const FileRequest& request) = 0;
     virtual void show_fault(const FaultReport& report) = 0;
     virtual void Beep() = 0;
+    virtual std::optional<std::string> clipboard_text() = 0; // none where the clipboard holds no text
+    virtual void set_clipboard_text(const std::string& text) = 0;
+    virtual void call_soon(std::function<void()> call) = 0; // from the event loop, when nothing else runs
 
     // Windows. A window is made known when it is shown for the first time and forgotten before it is freed.
     virtual void window_shown(Window& window) = 0; // now visible and in front

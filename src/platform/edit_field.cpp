@@ -3,6 +3,8 @@
 
 #include "platform/text.h"
 
+#include <algorithm>
+
 namespace tessit {
 
 EditField::EditField(Window& window, const ControlDesign& design, EditFieldDesign own)
@@ -17,9 +19,28 @@ void EditField::SetText(std::string_view text) {
     std::string next = accepted(text);
     if (next != text_) {
         text_ = std::move(next);
+        select({.start = selection_.start});
         show_change();
         raise("TextChange", own_.on_text_change);
     }
+}
+
+void EditField::select(TextSelection selection) {
+    const int length = Len(text_);
+    selection_.start = std::clamp(selection.start, 0, length);
+    selection_.length = std::clamp(selection.length, 0, length - selection_.start);
+}
+
+std::string EditField::SelText() const {
+    return Mid(text_, selection_.start, selection_.length);
+}
+
+void EditField::SetSelText(std::string_view text) {
+    const int start = selection_.start;
+    const int behind = start + selection_.length;
+    const std::string before = Mid(text_, 0, start) + accepted(text);
+    SetText(before + Mid(text_, behind, Len(text_) - behind));
+    select({.start = Len(before)});
 }
 
 bool EditField::key_down(const std::string& key) {

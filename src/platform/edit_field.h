@@ -21,6 +21,13 @@ struct EditFieldDesign {
     std::function<void()> on_lost_focus{};
 };
 
+struct TextSelection { // in characters
+    int start = 0;
+    int length = 0;
+
+    bool operator==(const TextSelection&) const = default;
+};
+
 class EditField : public Control {
 public:
     EditField(Window& window, const ControlDesign& design, EditFieldDesign own = {});
@@ -29,6 +36,13 @@ public:
     void SetText(std::string_view text); // raises TextChange when the text differs; the limit is the user's alone
     const EditFieldDesign& own() const { return own_; }
 
+    // What the user has selected; a place between characters where the length is 0. A text set by the program leaves
+    // a place, as near to the old start as the text allows.
+    int SelStart() const { return selection_.start; }
+    int SelLength() const { return selection_.length; }
+    std::string SelText() const;
+    void SetSelText(std::string_view text); // in place of the selection, which is then the place behind it
+
     // User input. `type` sends each character through KeyDown and then to the end of the text; `press` sends a key
     // that is no character. `key_down` is KeyDown alone: true when the key is used up. `edit` is the whole text as
     // the user changed it in a widget.
@@ -36,6 +50,7 @@ public:
     void press(int key);
     bool key_down(const std::string& key);
     void edit(std::string_view text);
+    void select(TextSelection selection); // kept within the text
     void leave();
 
 private:
@@ -43,6 +58,7 @@ private:
 
     const EditFieldDesign own_;
     std::string text_;
+    TextSelection selection_;
 };
 
 } // namespace tessit

@@ -129,6 +129,44 @@ void Listbox::choose(int row) {
     }
 }
 
+void Listbox::click_cell(int row, int column) {
+    if (!usable() || row < 0 || row >= ListCount() || column < 0 || column >= ColumnCount()) {
+        return;
+    }
+    bool used_up = false;
+    if (own_.on_cell_click) {
+        from_user("CellClick", [&] { used_up = own_.on_cell_click(row, column); });
+    }
+    if (!used_up) {
+        choose(row);
+    }
+}
+
+void Listbox::paint(const char* event, const std::function<void()>& handler) {
+    try {
+        raise(event, handler);
+    } catch (const Fault& fault) {
+        if (!paint_fault_reported_) {
+            paint_fault_reported_ = true; // a table is painted again and again
+            window().application().report_soon(fault);
+        }
+    }
+}
+
+void Listbox::paint_cell_background(CellGraphics& g, int row, int column) {
+    if (own_.on_cell_background_paint) {
+        paint("CellBackgroundPaint", [&] { own_.on_cell_background_paint(g, row, column); });
+    }
+}
+
+bool Listbox::paint_cell_text(CellGraphics& g, int row, int column, int x, int y) {
+    bool drawn = false;
+    if (own_.on_cell_text_paint) {
+        paint("CellTextPaint", [&] { drawn = own_.on_cell_text_paint(g, row, column, x, y); });
+    }
+    return drawn;
+}
+
 void Listbox::double_click(int row) {
     if (!usable() || row < 0 || row >= ListCount() || !own_.on_double_click) {
         return;

@@ -11,11 +11,27 @@
 
 namespace tessit {
 
+// Where a paint handler draws: one cell, its corner at 0, 0.
+class CellGraphics {
+public:
+    CellGraphics(int width, int height) : Width(width), Height(height) {}
+    virtual ~CellGraphics() = default;
+
+    Color ForeColor{0x000000};
+    const int Width; // in points
+    const int Height;
+    virtual void FillRect(int x, int y, int width, int height) = 0; // in ForeColor
+};
+
 struct ListboxDesign {
     int columns = 1;
     bool has_heading = true;
     std::function<void()> on_double_click{};
     std::function<void()> on_change{};
+    std::function<bool(int row, int column)> on_cell_click{}; // before the row is selected; true: it is not
+    std::function<void(CellGraphics& g, int row, int column)> on_cell_background_paint{};
+    // ForeColor is the text's colour; x and y are where it begins. True: the handler drew the text itself.
+    std::function<bool(CellGraphics& g, int row, int column, int x, int y)> on_cell_text_paint{};
 };
 
 // A front end that shows single changes of a table; `refresh` reads everything anew.
@@ -66,9 +82,16 @@ public:
     // User input. A double-click puts the mouse on the row first; where no row is it does nothing.
     void choose(int row);
     void double_click(int row);
-    void scroll_to(int row); // the front end tells what the user scrolled to
+    void scroll_to(int row);              // the front end tells what the user scrolled to
+    void click_cell(int row, int column); // CellClick, then the row is chosen; where no cell is it does nothing
+
+    // Asked by the front end while it paints a cell. Never throws: the first fault is reported soon, and of a cell
+    // whose handler failed the front end draws what it would draw without one.
+    void paint_cell_background(CellGraphics& g, int row, int column);
+    bool paint_cell_text(CellGraphics& g, int row, int column, int x, int y);
 
 private:
+    void paint(const char* event, const std::function<void()>& handler);
     int heading_height() const { return own_.has_heading ? row_height : 0; }
 
     const ListboxDesign own_;
@@ -79,6 +102,7 @@ private:
     int list_index_ = -1;
     int last_index_ = -1;
     int scroll_position_ = 0;
+    bool paint_fault_reported_ = false;
     ListboxView* table_view_ = nullptr;
 };
 

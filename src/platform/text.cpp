@@ -52,6 +52,25 @@ std::string replace(std::string_view text, std::string_view what, std::string_vi
 
 } // namespace
 
+int Len(std::string_view text) {
+    int count = 0;
+    for (; !text.empty(); ++count) {
+        text.remove_prefix(character_length(text));
+    }
+    return count;
+}
+
+std::string Mid(std::string_view text, int start, int length) {
+    const auto skip = [](std::string_view rest, int count) {
+        for (; count > 0 && !rest.empty(); --count) {
+            rest.remove_prefix(character_length(rest));
+        }
+        return rest;
+    };
+    const std::string_view from = skip(text, start);
+    return std::string(from.substr(0, from.size() - skip(from, length).size()));
+}
+
 Array<std::string> characters(std::string_view text) {
     Array<std::string> result;
     while (!text.empty()) {
@@ -60,10 +79,6 @@ Array<std::string> characters(std::string_view text) {
         text.remove_prefix(length);
     }
     return result;
-}
-
-int Len(std::string_view text) {
-    return characters(text).count();
 }
 
 Array<std::string> Split(std::string_view text, std::string_view separator) {

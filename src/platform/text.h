@@ -15,7 +15,8 @@ namespace tessit {
 inline constexpr char carriage_return = '\r';
 
 Array<std::string> characters(std::string_view text);
-int Len(std::string_view text); // in characters
+int Len(std::string_view text);                                // in characters
+std::string Mid(std::string_view text, int start, int length); // in characters, from 0; what is not there is left out
 
 // The pieces between separators, at least one for a text that is not empty, none for the empty text.
 Array<std::string> Split(std::string_view text, std::string_view separator);

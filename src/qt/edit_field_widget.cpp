@@ -171,12 +171,29 @@ TextFieldWidget::TextFieldWidget(EditField& field, QWidget& parent)
     option.setAlignment(alignment_of(field.own().align));
     edit_.document()->setDefaultTextOption(option);
     connect(&edit_, &QPlainTextEdit::textChanged, this, [this] { edited(edit_.toPlainText()); });
+    connect(&edit_, &QPlainTextEdit::selectionChanged, this, [this] { tell_selection(); });
+    connect(&edit_, &QPlainTextEdit::cursorPositionChanged, this, [this] { tell_selection(); });
+}
+
+void TextFieldWidget::tell_selection() {
+    if (!is_quiet() && attached()) {
+        const QTextCursor cursor = edit_.textCursor();
+        const auto characters_to = [text = edit_.toPlainText()](int place) {
+            return static_cast<int>(QStringView(text).left(place).toUcs4().size());
+        };
+        const int start = characters_to(cursor.selectionStart());
+        field().select({.start = start, .length = characters_to(cursor.selectionEnd()) - start});
+    }
 }
 
 void TextFieldWidget::show_values() {
     const QString text = to_widget(field().Text());
     if (edit_.toPlainText() != text) {
+        QTextCursor cursor = edit_.textCursor();
+        const int start = cursor.selectionStart();
         edit_.setPlainText(text);
+        cursor.setPosition(std::min(start, static_cast<int>(text.size())));
+        edit_.setTextCursor(cursor);
     }
 }
 

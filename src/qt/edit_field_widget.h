@@ -50,6 +50,7 @@ public:
 
 private:
     void show_values() override;
+    void tell_selection();
 
     QPlainTextEdit& edit_;
 };

@@ -6,6 +6,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QTimer>
 #include <algorithm>
@@ -41,6 +42,10 @@ ListboxWidget::ListboxWidget(Listbox& listbox, QWidget& parent)
     view_.horizontalHeader()->setMinimumSectionSize(20);
     view_.installEventFilter(this);
     view_.viewport()->installEventFilter(this);
+    if (listbox.own().on_cell_background_paint || listbox.own().on_cell_text_paint) {
+        painting_ = new CellPainting(listbox, &view_);
+        view_.setItemDelegate(painting_);
+    }
     connect_user_input();
     for (int row = 0; row < listbox.ListCount(); ++row) {
         for (int column = 0; column < listbox.ColumnCount(); ++column) {
@@ -70,23 +75,48 @@ void ListboxWidget::detach() {
     if (attached()) {
         listbox_.attach_table(nullptr);
         quietly([this] { model_.detach(); });
+        if (painting_ != nullptr) {
+            painting_->detach();
+        }
     }
     ControlWidget::detach();
 }
 
 bool ListboxWidget::is_double_click_key(int key) const {
-    return (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2) && view_.currentIndex().isValid() &&
-           view_.selectionModel()->isRowSelected(view_.currentIndex().row());
+    return listbox_.own().on_double_click && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2) &&
+           view_.currentIndex().isValid() && view_.selectionModel()->isRowSelected(view_.currentIndex().row());
+}
+
+bool ListboxWidget::is_cell_click_key(int key) const {
+    return listbox_.own().on_cell_click && view_.currentIndex().isValid() &&
+           (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter);
+}
+
+void ListboxWidget::click_cell(const QModelIndex& cell) {
+    if (cell.isValid() && listbox_.own().on_cell_click) {
+        tell([&] { listbox_.click_cell(cell.row(), cell.column()); });
+    }
 }
 
 bool ListboxWidget::eventFilter(QObject* watched, QEvent* event) {
     if (!attached()) {
         return false;
     }
+    if (event->type() == QEvent::MouseButtonPress && watched == view_.viewport()) {
+        const auto* press = static_cast<QMouseEvent*>(event);
+        if (press->button() == Qt::LeftButton) {
+            click_cell(view_.indexAt(press->position().toPoint()));
+        }
+    }
     if (event->type() == QEvent::KeyPress && watched == &view_ &&
         is_double_click_key(static_cast<QKeyEvent*>(event)->key())) {
         const int row = view_.currentIndex().row();
         tell([&] { listbox_.double_click(row); });
+        return true;
+    }
+    if (event->type() == QEvent::KeyPress && watched == &view_ &&
+        is_cell_click_key(static_cast<QKeyEvent*>(event)->key())) {
+        click_cell(view_.currentIndex());
         return true;
     }
     if (event->type() == QEvent::Resize && watched == view_.viewport()) {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 // A Listbox as a table view: one selected row, headings, columns that share the width. A double-click, or Return,
-// Enter or F2 on the selected row, is the model's double-click.
+// Enter or F2 on the selected row, is the model's double-click. A click on a cell, or the space bar on the current one,
+// is the model's click; Return and Enter too where the table has no double-click.
 #pragma once
 
 #include "platform/listbox.h"
+#include "qt/cell_painting.h"
 #include "qt/control_widget.h"
 #include "qt/listbox_model.h"
 
@@ -41,10 +43,13 @@ private:
     void measure_headings();
     void connect_user_input();
     bool is_double_click_key(int key) const;
+    bool is_cell_click_key(int key) const;
+    void click_cell(const QModelIndex& cell);
 
     Listbox& listbox_;
     QTableView& view_;
     ListboxModel model_;
+    CellPainting* painting_ = nullptr; // belongs to the view
     Changes changes_{*this};
     std::vector<int> needed_;          // width of each column's heading and widest cell
     std::vector<std::size_t> longest_; // text that was measured, in bytes

@@ -62,6 +62,15 @@ QPalette window_palette(Color designed) {
     return with_legible_disabled(palette);
 }
 
+QColor cell_color(Color designed) {
+    const QColor color(designed.rgb);
+    const QPalette palette = QGuiApplication::palette();
+    if (color.saturation() > 0 || !is_dark(palette)) {
+        return color;
+    }
+    return between(palette.color(QPalette::Base), palette.color(QPalette::Text), (255 - color.value()) / 255.0);
+}
+
 QPalette field_palette(Color background) {
     QPalette palette = QGuiApplication::palette();
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {

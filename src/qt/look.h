@@ -19,4 +19,8 @@ QPalette legible_palette();              // the application's, with disabled tex
 QPalette window_palette(Color designed); // of a window's content, from the application's palette
 QPalette field_palette(Color background);
 
+// A colour of a table cell. Greys run from the background of fields (white) to their text (black), so that they hold
+// on a dark desktop too; other colours are as they are.
+QColor cell_color(Color designed);
+
 } // namespace tessit::qt

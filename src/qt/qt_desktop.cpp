@@ -5,12 +5,16 @@
 #include "qt/dialogs.h"
 #include "qt/logo.h"
 #include "qt/look.h"
+#include "qt/widget_text.h"
 
+#include <QClipboard>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QIcon>
+#include <QMimeData>
 #include <QStandardPaths>
+#include <QTimer>
 #include <exception>
 #include <utility>
 
@@ -78,6 +82,19 @@ void QtDesktop::show_fault(const FaultReport& report) {
 
 void QtDesktop::Beep() {
     QApplication::beep();
+}
+
+std::optional<std::string> QtDesktop::clipboard_text() {
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    return data != nullptr && data->hasText() ? std::optional(to_model(data->text())) : std::nullopt;
+}
+
+void QtDesktop::set_clipboard_text(const std::string& text) {
+    QGuiApplication::clipboard()->setText(to_widget(text));
+}
+
+void QtDesktop::call_soon(std::function<void()> call) {
+    QTimer::singleShot(0, qApp, std::move(call));
 }
 
 // A handler may show a window and hide it again, as closing one document window to open the next one does. So windows

@@ -42,6 +42,9 @@ public:
     std::optional<FolderItem> choose_save_file(const FileRequest& request) override;
     void show_fault(const FaultReport& report) override;
     void Beep() override;
+    std::optional<std::string> clipboard_text() override;
+    void set_clipboard_text(const std::string& text) override;
+    void call_soon(std::function<void()> call) override;
 
     void window_shown(Window& window) override;
     void window_hidden(Window& window) override;

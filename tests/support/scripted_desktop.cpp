@@ -93,6 +93,14 @@ void ScriptedDesktop::show_fault(const FaultReport& report) {
     expected_faults_.pop_front();
 }
 
+void ScriptedDesktop::run_event_loop() {
+    while (!soon_.empty()) {
+        const auto call = std::move(soon_.front());
+        soon_.pop_front();
+        call();
+    }
+}
+
 std::optional<FolderItem> ScriptedDesktop::next_file(const FileRequest& request) {
     file_requests.push_back(request);
     if (files_.empty()) {

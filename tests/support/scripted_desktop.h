@@ -66,6 +66,7 @@ public:
     std::vector<FaultReport> faults;
     std::vector<std::string> shown; // names of windows in the order in which they were shown
     int beeps = 0;
+    std::optional<std::string> clipboard; // what other programs see of it, and what they put there
     bool has_quit = false;
 
     SimulatedClock simulated_clock;
@@ -79,6 +80,10 @@ public:
     std::optional<FolderItem> choose_save_file(const FileRequest& request) override { return next_file(request); }
     void show_fault(const FaultReport& report) override;
     void Beep() override { ++beeps; }
+    std::optional<std::string> clipboard_text() override { return clipboard; }
+    void set_clipboard_text(const std::string& text) override { clipboard = text; }
+    void call_soon(std::function<void()> call) override { soon_.push_back(std::move(call)); }
+    void run_event_loop(); // until nothing is left to be called
     void window_shown(Window& window) override { shown.push_back(window.name()); }
     void window_hidden(Window&) override {}
     void window_closed(Window&) override {}
@@ -105,6 +110,7 @@ private:
     std::deque<ExpectedMessage> messages_;
     std::deque<std::string> expected_faults_;
     std::deque<std::filesystem::path> files_;
+    std::deque<std::function<void()>> soon_;
 };
 
 } // namespace tessit::testing
