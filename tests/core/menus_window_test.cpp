@@ -24,8 +24,8 @@ TEST(Menus, each_window_offers_its_commands) {
     Program program;
     App& app = program.app;
     EXPECT_EQ(offered(app), "FileCreateNewFile FileOpen FileQuitEditor FileExitProgram ZephonLoadFromFile "
-                            "ZephonReadZephon EditMakeallSine EditMakeallSquare SettingsSetSerialPort "
-                            "SettingsSetPreferences");
+                            "ZephonReadZephon EditMakeallSine EditMakeallSquare ConsolidatorNew ConsolidatorOpen "
+                            "SettingsSetSerialPort SettingsSetPreferences");
     program.new_protocol();
     const std::string in_editor = "FileOpen FileSave FileExport FileQuitEditor FileExitProgram ZephonLoadDirect "
                                   "ZephonReadZephon EditDeleteRow EditInsertRow EditMakeallSine EditMakeallSquare "
