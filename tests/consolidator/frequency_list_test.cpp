@@ -100,8 +100,8 @@ TEST(FrequencyList, parses_what_stands_in_the_text) {
         {"3, 1, 2,",              point, {3, 1, 2, 0}                                },
         {"3, ,",                  point, {3, 0, 0}                                   }, // one empty piece counts
         {"1.5Hz, -2, a7b, 1.2.5", point, {static_cast<double>(0.015F), 2, 7, 12.5, 0}},
-        {"1,5 : 2,5,1",           comma, {1.5, static_cast<double>(2.51F), 0}        }, // a second comma is skipped
-        {"1.5, 2.5",              comma, {15.25, 0}                                  }, // the other notation: one entry
+        {"1,5 : 2,5,1",           comma, {1.5, static_cast<double>(0.251F), 0}       }, // a second comma is one more place
+        {"1.5, 2.5",              comma, {152.5, 0}                                  }, // the other notation: one entry
         {"123456.781,123456.782", point, {123456.78125, 123456.78125, 0}             },
         {"16777217",              point, {16777216, 0}                               },
     };
