@@ -9,6 +9,9 @@
 #include <QHBoxLayout>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
 
 namespace tessit::qt {
 
@@ -42,6 +45,7 @@ HTMLViewerWidget::HTMLViewerWidget(HTMLViewer& viewer, QWidget& parent)
     pdf_.setObjectName("HTMLV_pdf");
     pdf_.setAccessibleName(widget().accessibleName());
     pdf_.setFrameShape(QFrame::NoFrame);
+    html_.viewport()->installEventFilter(this);
     pages_.addWidget(&html_);
     pages_.addWidget(&pdf_);
     notice_.setObjectName("HTMLV_notice");
@@ -141,7 +145,9 @@ void HTMLViewerWidget::show_file(const QString& path, const QString& anchor) {
     }
     pdf_.close();
     QUrl url = QUrl::fromLocalFile(path);
-    url.setFragment(anchor);
+    if (!anchor.isEmpty()) {
+        url.setFragment(anchor);
+    }
     if (html_.source() == url) {
         html_.reload();
     } else {
@@ -267,8 +273,19 @@ void HTMLViewerWidget::zoom(int steps) {
         return pdf_.zoom(steps);
     }
     const int wanted = steps == 0 ? 0 : std::clamp(html_zoom_ + steps, -4, 20);
-    html_.zoomIn(wanted - html_zoom_);
     html_zoom_ = wanted;
+    QFont font = widget().font(); // sized in pixels, which the browser's own zoom does not take
+    font.setPixelSize(static_cast<int>(std::lround(font.pixelSize() * std::pow(1.15, html_zoom_))));
+    html_.setFont(font);
+}
+
+bool HTMLViewerWidget::eventFilter(QObject*, QEvent* event) {
+    const auto* wheel = dynamic_cast<QWheelEvent*>(event);
+    if (wheel == nullptr || (wheel->modifiers() & Qt::ControlModifier) == 0 || wheel->angleDelta().y() == 0) {
+        return false;
+    }
+    zoom(wheel->angleDelta().y() > 0 ? 1 : -1);
+    return true;
 }
 
 // The documents are only read: nothing is cut and nothing pasted.

@@ -21,6 +21,7 @@ public:
     HTMLViewerWidget(HTMLViewer& viewer, QWidget& parent);
     QSize needed_size() const override { return {}; }
     void detach() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void show_values() override;

@@ -24,6 +24,12 @@ PdfPage::PdfPage(QWidget& parent) : QPdfView(&parent) {
     verticalScrollBar()->setSingleStep(40);
 }
 
+// The document goes before the view does, and tells the view of its closing.
+PdfPage::~PdfPage() {
+    on_scrolled = nullptr;
+    setDocument(nullptr);
+}
+
 bool PdfPage::open(const QString& path) {
     close();
     if (document_.load(path) != QPdfDocument::Error::None) {

@@ -17,6 +17,7 @@ namespace tessit::qt {
 class PdfPage : public QPdfView {
 public:
     explicit PdfPage(QWidget& parent);
+    ~PdfPage() override;
 
     bool open(const QString& path); // from its beginning; false where it can't be shown
     void close();

@@ -14,7 +14,7 @@ constexpr int box_width = 476;
 constexpr int right_column = 504;
 constexpr std::size_t sections_at_the_left = 4;
 constexpr int caption_height = 20;
-constexpr int box_title = 17; // 0 where a box has none
+constexpr int box_title = 20;
 constexpr int button_height = 22;
 
 // Where the buttons of a question begin, by how many there are; columns stand below each other.
@@ -67,8 +67,8 @@ int FeedbackButtons::add_section(const FeedbackSection& section, Corner corner) 
 
 int FeedbackButtons::add_question(const std::string& section, const FeedbackQuestion& question, Corner corner) {
     constexpr int side = 12;
-    const int title = *question.caption == '\0' ? 5 : box_title;
-    const int height = title + button_height + 6;
+    const int title = *question.caption == '\0' ? 7 : box_title;
+    const int height = title + button_height + 4;
     const char* name = keep("GroupBox" + Str(static_cast<int>(boxes_.size()) + 1));
     boxes_.emplace_back(window_, ControlDesign{.name = name, .place = {corner.left, corner.top, box_width, height}},
                         question.caption);
