@@ -62,7 +62,7 @@ RadioButtonWidget::RadioButtonWidget(RadioButton& button, QWidget& parent)
 void RadioButtonWidget::show_circle() {
     QPalette palette = QGuiApplication::palette();
     if (is_dark(palette)) {
-        palette.setColor(QPalette::Base, palette.color(QPalette::Mid).lighter(150));
+        palette.setColor(QPalette::Base, palette.color(QPalette::WindowText).darker(270));
         widget_.setPalette(palette);
     }
 }
