@@ -23,13 +23,15 @@ std::string offered(App& app) {
 TEST(Menus, each_window_offers_its_commands) {
     Program program;
     App& app = program.app;
-    EXPECT_EQ(offered(app), "FileCreateNewFile FileOpen FileQuitEditor FileExitProgram ZephonLoadFromFile "
-                            "ZephonReadZephon EditMakeallSine EditMakeallSquare SettingsSetSerialPort "
-                            "SettingsSetPreferences");
+    EXPECT_EQ(offered(app),
+              "FileCreateNewFile FileOpen FilePageSetup FileQuitEditor FileExitProgram ZephonLoadFromFile "
+              "ZephonReadZephon EditMakeallSine EditMakeallSquare SettingsSetSerialPort "
+              "SettingsSetPreferences");
     program.new_protocol();
-    const std::string in_editor = "FileOpen FileSave FileExport FileQuitEditor FileExitProgram ZephonLoadDirect "
-                                  "ZephonReadZephon EditDeleteRow EditInsertRow EditMakeallSine EditMakeallSquare "
-                                  "SettingsSetSerialPort SettingsSetPreferences";
+    const std::string in_editor =
+        "FileOpen FileSave FileExport FilePageSetup FilePrint FileQuitEditor FileExitProgram ZephonLoadDirect "
+        "ZephonReadZephon EditDeleteRow EditInsertRow EditMakeallSine EditMakeallSquare "
+        "SettingsSetSerialPort SettingsSetPreferences";
     EXPECT_EQ(offered(app), in_editor);
     app.choose_menu("SettingsSetSerialPort");
     EXPECT_EQ(offered(app), "FileExitProgram ZephonReadZephon EditMakeallSine EditMakeallSquare EditEditProtocol "

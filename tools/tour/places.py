@@ -3,6 +3,6 @@
 
 MAIN = "Tessit Control"
 EDITOR = "Zephon Protocol Editor"
-READER = "Read Zephon"
+READER = "Read Zephon Data"
 PORT = "Zephon emulator"
 BANK = 7
