@@ -8,6 +8,7 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QLineEdit>
 #include <QPageLayout>
 #include <QPdfWriter>
 #include <QPrintDialog>
@@ -18,7 +19,8 @@ namespace tessit::qt {
 namespace {
 
 constexpr int dots_per_inch = 72;
-constexpr auto document_title = "Tessit Control";
+constexpr auto program_name = "Tessit Control";
+constexpr auto document_name = "Zephon Report";
 
 [[noreturn]] void fail(const std::string& what) {
     throw Fault(FaultKind::write_failed, what);
@@ -55,8 +57,8 @@ public:
         bytes_.open(QIODevice::WriteOnly);
         writer_.setPageLayout(printer.pageLayout());
         writer_.setResolution(dots_per_inch);
-        writer_.setTitle(QLatin1String(document_title));
-        writer_.setCreator(QLatin1String(document_title));
+        writer_.setTitle(QLatin1String(document_name));
+        writer_.setCreator(QLatin1String(program_name));
     }
 
     double StringWidth(const std::string& text, const PageFont& font) override {
@@ -90,6 +92,14 @@ void leave_out_page_options(QPrintDialog& dialog) {
     }
 }
 
+// The dialog proposes a file's name on some window systems, on others its folder alone.
+void propose_file_name(QPrintDialog& dialog) {
+    auto* file = dialog.findChild<QLineEdit*>(QStringLiteral("filename"));
+    if (file != nullptr && file->text().endsWith(QLatin1Char('/'))) {
+        file->setText(file->text() + QLatin1String(document_name) + QLatin1String(".pdf"));
+    }
+}
+
 } // namespace
 
 PrinterChoice::PrinterChoice() = default;
@@ -99,12 +109,13 @@ std::unique_ptr<Graphics> PrinterChoice::ask(QWidget* parent) {
     if (printer_ == nullptr) {
         printer_ = std::make_unique<QPrinter>();
         printer_->setResolution(dots_per_inch);
-        printer_->setDocName(QLatin1String(document_title));
-        printer_->setCreator(QLatin1String(document_title));
+        printer_->setDocName(QLatin1String(document_name));
+        printer_->setCreator(QLatin1String(program_name));
     }
     QPrintDialog dialog(printer_.get(), parent);
     dialog.setObjectName(QStringLiteral("print_dialog"));
     leave_out_page_options(dialog);
+    propose_file_name(dialog);
     count_dialog();
     if (dialog.exec() != QDialog::Accepted) {
         return nullptr;

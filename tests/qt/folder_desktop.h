@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+// The Qt desktop for tests of the whole program: a program folder of its own, and message boxes that answer themselves.
+#pragma once
+
+#include "qt/qt_desktop.h"
+
+#include <QTemporaryDir>
+
+namespace tessit::qt {
+
+class FolderDesktop : public QtDesktop {
+public:
+    FolderItem program_folder() override { return FolderItem(folder.path().toStdString()); }
+    DialogAnswer show_dialog(const MessageDialog&) override { return DialogAnswer::action; }
+
+    QTemporaryDir folder;
+};
+
+} // namespace tessit::qt
