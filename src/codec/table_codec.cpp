@@ -69,8 +69,7 @@ void App::displaydata(std::int32_t image_level) {
         target = table.ListCount() - 1;
     }
     const DecodedLevel decoded =
-        decode_level(bytes(image_level), {.time_form = time_form_of(default_timeformat),
-                                          .mark = use_euro ? DecimalMark::comma : DecimalMark::point});
+        decode_level(bytes(image_level), {.time_form = time_form_of(default_timeformat), .mark = decimal_mark()});
     show_level(table, target, decoded);
     editwindow->add_to_totals(decoded);
     insert = false;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "core/app.h"
 
+#include "composer/compose_window.h"
+#include "consolidator/consolidator_window.h"
 #include "core/main_window.h"
 #include "core/menus.h"
 #include "core/number.h"
@@ -27,6 +29,8 @@ DocumentWindow* App::front_document() {
     switch (myactivewindow) {
     case document::editor:
         return &editwindow.get();
+    case document::composer:
+        return &composewindow.get();
     case document::reader:
         return &ReadZPWindow.get();
     default:

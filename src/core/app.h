@@ -97,7 +97,7 @@ public:
 
     // composer: from the frequency list to a protocol.
     void compose();
-    static double diff(double a, double b) { return a >= b ? a - b : b - a; }
+    static double diff(double a, double b); // Hz, never negative
 
     Instance<ComposeWindow> composewindow{*this};
 

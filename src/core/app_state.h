@@ -7,6 +7,7 @@
 #include "platform/array.h"
 #include "platform/control.h"
 #include "platform/folder_item.h"
+#include "platform/text.h"
 #include "support/deployment.h"
 
 #include <cstdint>
@@ -49,20 +50,21 @@ struct AppState : RegisterImage {
     bool changelevel = false; // an existing level is being changed
     std::string seperator;    // between minutes and seconds; ":" from start-up
     bool use_euro = false;    // decimal comma on the screen
+    DecimalMark decimal_mark() const { return use_euro ? DecimalMark::comma : DecimalMark::point; }
 
     // Composer and consolidator.
-    std::int32_t numentries = 0;
-    Array<double> intarray;
-    bool datasort = false;
-    std::int32_t composelevel = 0;
-    bool dataentry = false;
+    std::int32_t numentries = 0;      // frequencies in the list as last counted, and those typed since
+    Array<double> intarray;           // 0 to numentries: the frequencies, all of single precision, and a 0 at the end
+    Array<std::string> freqarray;     // the list's pieces that they were read from
+    bool datasort = false;            // the list has been sorted since its window came to the front
+    bool dataentry = false;           // the list has an entry
+    bool consolidatorchanged = false; // the list has unsaved changes
     bool composed = false;
-    bool consolidatorchanged = false;
-    Array<std::string> freqarray;
-    Array<std::string> chrarray; // scratch of strintR
-    Array<double> wparray;
-    std::vector<std::vector<Color>> selrowcol{11, std::vector<Color>(4)};
-    std::int32_t cellrow = 0;
+    std::int32_t composelevel = 0;
+    Array<std::string> chrarray;                            // scratch of strintR
+    Array<double> wparray;                                  // scratch of compose
+    Array<Array<Color>> selrowcol{11, Array<Color>(4, {})}; // background of freq_listBox's cells, by row and column
+    std::int32_t cellrow = 0;                               // the cell of freq_listBox clicked last
     std::int32_t cellcol = 0;
 
     // User defaults, kept in the settings file. Indices are those of the lists in the preferences window.

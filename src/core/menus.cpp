@@ -67,11 +67,17 @@ void App::_ApplicationAddMenuHandlers() {
     bind("ZephonLoadDirect", &App::_ZephonLoadDirect_Action);
     bind("ZephonLoadFromFile", &App::_ZephonLoadFromFile_Action);
     bind("ZephonReadZephon", &App::_ZephonReadZephon_Action);
+    bind("EditCut", &App::_EditCut_Action);
+    bind("EditCopy", &App::_EditCopy_Action);
+    bind("EditPaste", &App::_EditPaste_Action);
     bind("EditDeleteRow", &App::_EditDeleteRow_Action);
     bind("EditInsertRow", &App::_EditInsertRow_Action);
     bind("EditMakeallSine", &App::_EditMakeallSine_Action);
     bind("EditMakeallSquare", &App::_EditMakeallSquare_Action);
     bind("EditEditProtocol", &App::_EditEditProtocol_Action);
+    bind("ConsolidatorNew", &App::_ConsolidatorNew_Action);
+    bind("ConsolidatorOpen", &App::_ConsolidatorOpen_Action);
+    bind("ConsolidatorQuit", &App::_ConsolidatorQuit_Action);
     bind("SettingsSetSerialPort", &App::_SettingsSetSerialPort_Action);
     bind("SettingsSetPreferences", &App::_SettingsSetPreferences_Action);
     bind("SettingsSaveSettings", &App::_SettingsSaveSettings_Action);

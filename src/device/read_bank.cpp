@@ -135,9 +135,8 @@ void App::showzephon() {
     ReadWindow& window = ReadZPWindow.get();
     Listbox& table = window.displaybox;
     window.bankfield.SetText("Bank_" + Str(wire::bank_number({hi_add[0], lo_add[0]})));
-    const DecodingRules rules{.time_form = time_form_of(default_timeformat),
-                              .mark = use_euro ? DecimalMark::comma : DecimalMark::point,
-                              .source = RecordSource::generator};
+    const DecodingRules rules{
+        .time_form = time_form_of(default_timeformat), .mark = decimal_mark(), .source = RecordSource::generator};
     BankTotals totals;
     for (int index = 0; index < most_levels; ++index) {
         table.AddRow(Str(index + 1));

@@ -29,10 +29,6 @@ const std::string& piece_of_clock(const Array<std::string>& pieces, int index) {
 
 } // namespace
 
-bool is_enter_key(std::string_view key) {
-    return key == ChrB(keys::enter) || key == ChrB(keys::return_) || same_text(key, ChrB(76));
-}
-
 void choose_text(PopupMenu& list, std::string_view text, int first) {
     for (int i = first; i < list.ListCount(); ++i) {
         if (same_text(list.List(i), text)) {

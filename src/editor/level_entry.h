@@ -4,6 +4,7 @@
 #pragma once
 
 #include "core/clock_text.h"
+#include "core/enter_key.h"
 #include "platform/choice.h"
 
 #include <cstdint>
@@ -13,9 +14,6 @@
 #include <vector>
 
 namespace tessit {
-
-// Return, the keypad's Enter, and byte 76: compared without regard to case, so the letters L and l enter too.
-bool is_enter_key(std::string_view key);
 
 // Chooses the entry with this text, looking from `first` on; a text that is not there leaves the list as it was.
 void choose_text(PopupMenu& list, std::string_view text, int first = 0);

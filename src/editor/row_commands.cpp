@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The Edit menu's commands on the rows of level tables. None but Edit Protocol sets a change flag.
+#include "composer/compose_window.h"
 #include "core/app.h"
 #include "device/read_window.h"
 #include "editor/edit_window.h"
@@ -11,6 +12,7 @@ namespace tessit {
 namespace {
 
 constexpr const char* editor_title = "Zephon Protocol Editor";
+constexpr const char* composer_title = "Protocol Composer";
 
 void remove_selected_level(Listbox& table) {
     if (table.ListIndex() > 0) {
@@ -62,13 +64,16 @@ bool App::_EditDeleteRow_Action() {
         remove_selected_level(editwindow->edit_displayBox);
         editwindow->add_up_cells(0, PlainSeconds::out_of_bounds);
         editwindow->FreqField.SetFocus();
+    } else if (myactivewindow == document::composer) {
+        remove_selected_level(composewindow->compose_displayBox); // the composer's totals stay as they were
     }
     MenuBar1.item("EditDeleteRow").SetEnabled(false); // until the window's rules are asked again
     return true;
 }
 
 bool App::_EditInsertRow_Action() {
-    if (title_of_last_document(*this, MainPanel::is_passed_over) == editor_title) {
+    const std::string title = title_of_last_document(*this, MainPanel::is_passed_over);
+    if (same_text(title, editor_title)) {
         Listbox& table = editwindow->edit_displayBox;
         if (table.ListIndex() > 0) {
             if (insert_above_selected(*this, table) == Insertion::table_full) {
@@ -78,6 +83,16 @@ bool App::_EditInsertRow_Action() {
         }
         table.SetListIndex(row); // with nothing selected, the row that was worked on before
         editwindow->FreqField.SetFocus();
+    } else if (same_text(title, composer_title)) {
+        Listbox& table = composewindow->compose_displayBox;
+        if (table.ListIndex() > 0) {
+            if (insert_above_selected(*this, table) == Insertion::table_full) {
+                return true;
+            }
+            table.SetListIndex(row);
+            table.SetScrollPosition(table.ListCount() - 7);
+        }
+        insert = true; // also where nothing was selected, unlike the editor
     }
     MenuBar1.item("EditDeleteRow").SetEnabled(false);
     return true;

@@ -49,7 +49,7 @@ void enter_new_level(App& app, EditWindow& w) {
     if (table.ListCount() - 1 >= most_levels) {
         return app.MsgBox("maximum 50 levels has been exceeded");
     }
-    if (!IsNumeric(w.FreqField.Text(), app.use_euro ? DecimalMark::comma : DecimalMark::point)) {
+    if (!IsNumeric(w.FreqField.Text(), app.decimal_mark())) {
         return app.MsgBox("Invalid frequency entered");
     }
     int row = app.row;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "files/export_file.h"
 
+#include "composer/compose_window.h"
 #include "core/app.h"
 #include "core/level_table.h"
 #include "device/settings_window.h"
@@ -32,7 +33,12 @@ bool App::_FileExport_Action() {
     if (!file) {
         return true;
     }
-    const Listbox* table = myactivewindow == document::editor ? &editwindow->edit_displayBox : nullptr;
+    const Listbox* table = nullptr;
+    if (myactivewindow == document::editor) {
+        table = &editwindow->edit_displayBox;
+    } else if (myactivewindow == document::composer) {
+        table = &composewindow->compose_displayBox;
+    }
     auto stream = file->CreateTextFile();
     stream->WriteLine(export_text(table));
     stream->Close();

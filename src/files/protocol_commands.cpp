@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The File menu's commands on protocols, and the two ways between a protocol file and the register image.
+#include "composer/compose_window.h"
 #include "core/app.h"
 #include "core/popup_window.h"
 #include "device/read_window.h"
 #include "editor/edit_window.h"
+#include "files/list_file.h"
 #include "files/protocol_file.h"
 #include "platform/text.h"
 #include "support/deployment.h"
@@ -80,6 +82,12 @@ bool App::_FileSave_Action() {
         filename = editwindow->namefield.Text();
         writezpFile();
         editchanged = false; // also when the dialog was dismissed
+    } else if (myactivewindow == document::consolidator) {
+        save_frequency_list(*this);
+    } else if (myactivewindow == document::composer) {
+        filename = composewindow->namefield.Text();
+        writezpFile();
+        composechanged = false;
     } else if (myactivewindow == document::reader) {
         filename = ReadZPWindow->bankfield.Text();
         writezpFile();

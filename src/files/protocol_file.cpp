@@ -45,13 +45,17 @@ void write_protocol(BinaryOutputStream& stream, const RegisterImage& image, Unse
     }
 }
 
-MessageDialog unsaved_work_dialog(const std::string& what_is_unsaved) {
-    return {.Message = what_is_unsaved + "\rDo you want to save it?",
+MessageDialog save_question(const std::string& message) {
+    return {.Message = message,
             .Explanation = "If you don't save, your changes will be lost",
             .Icon = DialogIcon::caution,
             .ActionButton = {"Save", true},
             .CancelButton = {"Cancel", true},
             .AlternateActionButton = {"Don't Save", true}};
+}
+
+MessageDialog unsaved_work_dialog(const std::string& what_is_unsaved) {
+    return save_question(what_is_unsaved + "\rDo you want to save it?");
 }
 
 MessageDialog no_room_dialog() {

@@ -29,6 +29,7 @@ enum class UnsetMark { low_frequency_byte, high_frequency_byte };
 void write_protocol(BinaryOutputStream& stream, const RegisterImage& image, UnsetMark mark);
 
 // The question that every working window asks about its unsaved work: "Save", "Don't Save", Cancel.
+MessageDialog save_question(const std::string& message);
 MessageDialog unsaved_work_dialog(const std::string& what_is_unsaved);
 
 // What is told when a table has no row left for a level.

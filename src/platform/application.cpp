@@ -92,6 +92,7 @@ void Application::Quit() {
     for (tessit::Window* window : to_close) {
         const auto is_open = [&] { return find(*window) != windows_.end(); };
         if (is_open()) {
+            window->bring_forward();
             window->Close();
         }
         if (is_open()) {

@@ -27,6 +27,7 @@ public:
     Array() = default;
     Array(std::initializer_list<T> items) : items_(items) {}
     explicit Array(std::vector<T> items) : items_(std::move(items)) {}
+    Array(std::size_t count, const T& value) : items_(count, value) {}
 
     T& operator[](int index) { return items_[checked_index(index, items_.size())]; }
     const T& operator[](int index) const { return items_[checked_index(index, items_.size())]; }
@@ -34,6 +35,8 @@ public:
     int count() const { return static_cast<int>(items_.size()); }
     int upper_bound() const { return count() - 1; }
     void append(T item) { items_.push_back(std::move(item)); }
+    void resize(int upper_bound) { items_.resize(static_cast<std::size_t>(upper_bound + 1)); } // new ones are empty
+    void fill(const T& value) { items_.assign(items_.size(), value); }
 
     auto begin() const { return items_.begin(); }
     auto end() const { return items_.end(); }

@@ -2,6 +2,8 @@
 #include "platform/text.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -115,6 +117,12 @@ bool same_text(std::string_view left, std::string_view right) {
 
 std::string Str(int value) {
     return std::to_string(value);
+}
+
+std::string Str(float value) {
+    std::array<char, 64> buffer{}; // 39 digits before the point, or 45 places behind it, at most
+    const auto written = std::to_chars(buffer.begin(), buffer.end(), value, std::chars_format::fixed);
+    return {buffer.begin(), written.ptr};
 }
 
 std::string two_digits(int value) {

@@ -29,6 +29,8 @@ std::string ReplaceAll(std::string_view text, std::string_view what, std::string
 bool same_text(std::string_view left, std::string_view right);
 
 std::string Str(int value);
+// The shortest text that reads back as this value, without an exponent; whole numbers have no point. "inf" beyond.
+std::string Str(float value);
 std::string two_digits(int value); // "07"; more digits where the value has more
 
 // One-byte texts; keys arrive in this form: ChrB(13) is Return, ChrB(3) the keypad's Enter.

@@ -17,6 +17,12 @@ void Window::Show() {
     application_.bring_to_front(*this);
 }
 
+void Window::bring_forward() {
+    if (visible_ && !application_.in_front(*this)) {
+        application_.bring_to_front(*this);
+    }
+}
+
 void Window::Hide() {
     if (visible_) {
         visible_ = false;
@@ -60,7 +66,10 @@ void Window::activate() {
 }
 
 void Window::close_by_user() {
-    application_.from_user(name() + ".Event_CancelClose", [this] { Close(); });
+    application_.from_user(name() + ".Event_CancelClose", [this] {
+        bring_forward(); // what it asks and saves is about this window, wherever it stood
+        Close();
+    });
 }
 
 void Window::move_to(int left, int top) {

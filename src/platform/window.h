@@ -77,6 +77,7 @@ private:
     void add(Control& control) { controls_.push_back(&control); }
     void set_focus_control(Control* control) { focus_control_ = control; }
     void raise(const char* event, const std::function<void()>& handler);
+    void bring_forward(); // a window that can be seen
 
     Application& application_;
     const WindowDesign design_;

@@ -30,6 +30,12 @@ void Activation::bring_to_front(WindowWidget& window) {
     }
 }
 
+void Activation::show_behind(WindowWidget& window) {
+    window.setAttribute(Qt::WA_ShowWithoutActivating, true);
+    window.show();
+    window.setAttribute(Qt::WA_ShowWithoutActivating, false);
+}
+
 void Activation::window_system_changed() {
     if (!pass_on_timer_.isActive()) {
         pass_on_timer_.start(0);

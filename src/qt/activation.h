@@ -17,6 +17,7 @@ public:
     Activation();
 
     void bring_to_front(WindowWidget& window); // the program's wish
+    void show_behind(WindowWidget& window);    // where another is about to come to the front
     void window_system_changed();              // some window was activated
     void event_ended() { window_system_changed(); }
 

@@ -10,7 +10,7 @@ namespace tessit::qt {
 
 namespace {
 
-constexpr float selection_strength = 0.3F; // so that a cell's own colour still shows through
+constexpr int selection_line = 2; // above and below the selected row, whose cells keep their own colours
 
 class PainterGraphics : public CellGraphics {
 public:
@@ -33,9 +33,9 @@ void CellPainting::paint_background(QPainter& painter, const QStyleOptionViewIte
     PainterGraphics g(painter, option.rect);
     listbox_->paint_cell_background(g, index.row(), index.column());
     if (option.state.testFlag(QStyle::State_Selected)) {
-        QColor selection = option.palette.color(QPalette::Active, QPalette::Highlight);
-        selection.setAlphaF(selection_strength);
-        painter.fillRect(option.rect, selection);
+        const QColor selection = option.palette.color(QPalette::Active, QPalette::Highlight);
+        painter.fillRect(option.rect.adjusted(0, 0, 0, selection_line - option.rect.height()), selection);
+        painter.fillRect(option.rect.adjusted(0, option.rect.height() - selection_line, 0, 0), selection);
     }
 }
 

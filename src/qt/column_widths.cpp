@@ -22,6 +22,19 @@ int designed_width(const Array<std::string>& places, std::size_t column) {
     return std::max(0, width);
 }
 
+// Takes `excess` from the columns that are wider than they need, in the measure of what they have to spare.
+void give_way(std::vector<int>& widths, const std::vector<int>& needed, int excess) {
+    int spare = std::accumulate(widths.begin(), widths.end(), 0) - std::accumulate(needed.begin(), needed.end(), 0);
+    excess = std::min(excess, spare);
+    for (std::size_t column = 0; column < widths.size() && excess > 0; ++column) {
+        const int own = widths[column] - needed[column];
+        const int given = spare == 0 ? 0 : (own * excess + spare - 1) / spare;
+        widths[column] -= given;
+        excess -= given;
+        spare -= own;
+    }
+}
+
 } // namespace
 
 std::vector<int> column_widths(std::string_view widths, const std::vector<int>& needed, int available) {
@@ -47,6 +60,7 @@ std::vector<int> column_widths(std::string_view widths, const std::vector<int>& 
         left -= result[column];
         --sharers;
     }
+    give_way(result, needed, std::accumulate(result.begin(), result.end(), 0) - available);
     return result;
 }
 

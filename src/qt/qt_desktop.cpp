@@ -132,14 +132,19 @@ void QtDesktop::window_shown(Window& window) {
     put_on_screen(window);
 }
 
-void QtDesktop::put_on_screen(Window& window) {
+WindowWidget& QtDesktop::ready_widget(Window& window) {
     WindowWidget* widget = widget_of(window);
     if (widget == nullptr) {
-        widget = &make_widget(window);
-    } else if (widget->is_notice() && !widget->isVisible()) {
+        return make_widget(window);
+    }
+    if (widget->is_notice() && !widget->isVisible()) {
         widget->place_on_screen(active_widget()); // another window may be the active one now
     }
-    activation_.bring_to_front(*widget);
+    return *widget;
+}
+
+void QtDesktop::put_on_screen(Window& window) {
+    activation_.bring_to_front(ready_widget(window));
 }
 
 WindowWidget& QtDesktop::make_widget(Window& window) {
@@ -154,8 +159,13 @@ WindowWidget& QtDesktop::make_widget(Window& window) {
 }
 
 void QtDesktop::put_waiting_on_screen() {
-    for (Window* window : std::exchange(waiting_, {})) {
-        put_on_screen(*window);
+    const auto windows = std::exchange(waiting_, {});
+    for (Window* window : windows) {
+        if (window != windows.back()) {
+            activation_.show_behind(ready_widget(*window));
+        } else {
+            put_on_screen(*window);
+        }
     }
 }
 

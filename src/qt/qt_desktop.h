@@ -61,6 +61,7 @@ public:
 private:
     QWidget* active_widget() const; // what dialogs belong to: the frontmost window to be seen
     WindowWidget& make_widget(Window& window);
+    WindowWidget& ready_widget(Window& window); // made where it was not, a notice in its place
     void put_on_screen(Window& window);
     void put_waiting_on_screen();
     void repaint_uncovered();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "report/printed_document.h"
 
+#include "composer/compose_window.h"
+#include "consolidator/consolidator_window.h"
 #include "device/read_window.h"
 #include "editor/edit_window.h"
 #include "platform/text.h"
@@ -18,6 +20,14 @@ const PrintedDocument printed_documents[] = {
      .table = [](App& app) -> Listbox& { return app.editwindow->edit_displayBox; },
      .total_frequencies = [](App& app) -> EditField& { return app.editwindow->BankFreqField; },
      .total_time = [](App& app) -> EditField& { return app.editwindow->BankTimeField; }},
+    {.title = "Protocol Composer",
+     .name = [](App& app) -> EditField& { return app.composewindow->namefield; },
+     .table = [](App& app) -> Listbox& { return app.composewindow->compose_displayBox; },
+     .total_frequencies = [](App& app) -> EditField& { return app.composewindow->totalfreqfield; },
+     .total_time = [](App& app) -> EditField& { return app.composewindow->totaltimefield; }},
+    {.title = "Frequency Consolidator",
+     .name = [](App& app) -> EditField& { return app.consolidatorWindow->nameField; },
+     .list = [](App& app) -> EditField& { return app.consolidatorWindow->freqdisplayfield; }},
     {.title = "Read Zephon Data",
      .table = [](App& app) -> Listbox& { return app.ReadZPWindow->displaybox; },
      .total_frequencies = [](App& app) -> EditField& { return app.ReadZPWindow->BankFreqField; },

@@ -159,8 +159,8 @@ TEST_F(Windows, quitting_closes_all_others_from_the_front_and_shows_none_again) 
     });
     app.on["second.Event_Close"] = [&] { app.main->Show(); };
     EXPECT_EQ(app.event([&] { app.Quit(); }),
-              "second.Event_CancelClose second.Event_Close first.Event_CancelClose first.Event_Close "
-              "panel.Event_CancelClose panel.Event_Close");
+              "second.Event_CancelClose second.Event_Close first.Event_Activate first.Event_CancelClose "
+              "first.Event_Close panel.Event_CancelClose panel.Event_Close");
     EXPECT_TRUE(desktop.has_quit);
     EXPECT_TRUE(app.quitting());
     EXPECT_EQ(app.windows(), "(main)");
@@ -173,7 +173,7 @@ TEST_F(Windows, a_veto_or_a_fault_ends_the_quitting) {
     });
     app.vetoes = {"first"};
     EXPECT_EQ(app.event([&] { app.Quit(); }),
-              "second.Event_CancelClose second.Event_Close first.Event_CancelClose first.Event_Activate");
+              "second.Event_CancelClose second.Event_Close first.Event_Activate first.Event_CancelClose");
     EXPECT_FALSE(app.quitting());
 
     app.vetoes.clear();

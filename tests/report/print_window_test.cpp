@@ -3,7 +3,7 @@
 #include "device/read_window.h"
 #include "report/page_setup_window.h"
 #include "report/qc_window.h"
-#include "support/program.h"
+#include "support/list_program.h"
 
 #include <gtest/gtest.h>
 
@@ -177,6 +177,44 @@ TEST_F(PageSetupTest, nothing_is_printed_while_the_main_panel_is_visible_behind_
     app.Window1->Hide();
     app.pagesetup();
     EXPECT_TRUE(setup().Visible());
+}
+
+class ListPrintTest : public ListTest {
+protected:
+    const Page& print() {
+        app.choose_menu("FilePrint");
+        program.desktop.accept_printing();
+        app.pgsetupwindow->DoneButton.click();
+        return program.desktop.pages.back();
+    }
+};
+
+TEST_F(ListPrintTest, a_composed_protocol_prints_from_the_composer) {
+    consolidator().nameField.edit("night");
+    compose("110, 100");
+    composer().allbutton.click();
+    const Page& page = print();
+    EXPECT_EQ(text_at(page, 65, 76), "Waveform");
+    EXPECT_EQ(text_at(page, 65, 99), "Single Frequency");
+    EXPECT_EQ(text_at(page, 200, 119), "Total frequencies used:  " + composer().totalfreqfield.Text() +
+                                           "     Total time:  " + composer().totaltimefield.Text());
+    const auto blocks = blocks_of(page);
+    ASSERT_EQ(blocks.size(), 2U);
+    EXPECT_EQ(blocks[0].text.Text(), "night");
+    EXPECT_EQ(blocks[1].y, 159);
+}
+
+TEST_F(ListPrintTest, a_frequency_list_prints_as_text) {
+    consolidator().nameField.edit("night");
+    consolidator().freqdisplayfield.edit("110, 100");
+    const Page& page = print();
+    const auto blocks = blocks_of(page);
+    ASSERT_EQ(page.size(), 3U);
+    ASSERT_EQ(blocks.size(), 3U);
+    EXPECT_EQ(blocks[0].text.Text(), "night");
+    EXPECT_EQ(blocks[1].text.Text(), "110, 100");
+    EXPECT_EQ(blocks[1].y, 86);
+    EXPECT_EQ(blocks[2].y, 136);
 }
 
 class QcTest : public ::testing::Test {
