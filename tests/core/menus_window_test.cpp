@@ -23,9 +23,10 @@ std::string offered(App& app) {
 TEST(Menus, each_window_offers_its_commands) {
     Program program;
     App& app = program.app;
-    EXPECT_EQ(offered(app), "FileCreateNewFile FileOpen FilePageSetup FileQuitEditor FileExitProgram ZephonLoadFromFile "
-                            "ZephonReadZephon EditMakeallSine EditMakeallSquare ConsolidatorNew ConsolidatorOpen "
-                            "SettingsSetSerialPort SettingsSetPreferences");
+    EXPECT_EQ(offered(app),
+              "FileCreateNewFile FileOpen FilePageSetup FileQuitEditor FileExitProgram ZephonLoadFromFile "
+              "ZephonReadZephon EditMakeallSine EditMakeallSquare ConsolidatorNew ConsolidatorOpen "
+              "SettingsSetSerialPort SettingsSetPreferences");
     program.new_protocol();
     const std::string in_editor =
         "FileOpen FileSave FileExport FilePageSetup FilePrint FileQuitEditor FileExitProgram ZephonLoadDirect "
