@@ -12,10 +12,20 @@ EditField& list_of(App& app) {
     return app.consolidatorWindow->freqdisplayfield;
 }
 
+// The properties from the list's text. Gives the text without its blanks, which loadarray writes back; sort and removal
+// set the field once, to what they make of it.
+std::string take_numbers(App& app) {
+    FrequencyList list = read_frequency_list(list_of(app).Text(), app.decimal_mark());
+    app.numentries = list.count;
+    app.chrarray = {};
+    app.freqarray = std::move(list.entries);
+    app.intarray = std::move(list.numbers);
+    return std::move(list.text);
+}
+
 void sort_list(App& app, SortOrder order) {
-    app.loadarray();
-    if (list_of(app).Text().empty()) {
-        return;
+    if (take_numbers(app).empty()) {
+        return list_of(app).SetText("");
     }
     sort_frequencies(app.intarray, order);
     list_of(app).SetText(write_frequency_list(app.intarray, app.numentries, app.decimal_mark(), WrittenMark::as_set));
@@ -25,12 +35,7 @@ void sort_list(App& app, SortOrder order) {
 } // namespace
 
 void App::loadarray() {
-    FrequencyList list = read_frequency_list(list_of(*this).Text(), decimal_mark());
-    list_of(*this).SetText(list.text);
-    numentries = list.count;
-    chrarray = {};
-    freqarray = std::move(list.entries);
-    intarray = std::move(list.numbers);
+    list_of(*this).SetText(take_numbers(*this));
 }
 
 void App::consolidatorsortup() {
@@ -42,9 +47,8 @@ void App::consolidatorsortdn() {
 }
 
 void App::removeduplicates() {
-    loadarray();
-    if (list_of(*this).Text().empty()) {
-        return;
+    if (take_numbers(*this).empty()) {
+        return list_of(*this).SetText("");
     }
     RemovalResult result = remove_duplicates(intarray);
     numentries = result.count;

@@ -23,7 +23,8 @@ void Activation::bring_to_front(WindowWidget& window) {
         return;
     }
     window.raise();
-    if (!window.isActiveWindow()) {
+    if (!window.isActiveWindow() || shown_behind_) {
+        shown_behind_ = false;
         expected_ = &window;
         since_wish_.start();
         window.activateWindow();
@@ -34,6 +35,7 @@ void Activation::show_behind(WindowWidget& window) {
     window.setAttribute(Qt::WA_ShowWithoutActivating, true);
     window.show();
     window.setAttribute(Qt::WA_ShowWithoutActivating, false);
+    shown_behind_ = true;
 }
 
 void Activation::window_system_changed() {

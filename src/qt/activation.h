@@ -29,6 +29,7 @@ private:
     QPointer<QWidget> expected_; // the program's wish, until the window system has fulfilled it
     QElapsedTimer since_wish_;
     bool passing_on_ = false;
+    bool shown_behind_ = false; // a window whose showing the window system may take for a wish to be active
 };
 
 } // namespace tessit::qt

@@ -59,6 +59,7 @@ void ControlWidget::show_state() {
 void ControlWidget::repaint_now() {
     constexpr int frame = 25; // milliseconds
     refresh();
+    show_pending();
     const QWindow* screen_window = widget_.window()->windowHandle();
     const bool exposed = screen_window != nullptr && screen_window->isExposed();
     if (exposed && since_painted_.isValid() && !since_painted_.hasExpired(frame)) {

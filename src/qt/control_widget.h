@@ -29,6 +29,10 @@ public:
     virtual int halves_to_the_left() const { return 0; }
     virtual bool is_frame() const { return false; } // other controls lie inside it
 
+    // Brings what `refresh` left for later: a long text that a handler may set several times is shown when it ends, or
+    // when it lets the screen be seen.
+    virtual void show_pending() {}
+
     void refresh() final;
     void repaint_now() override;
     void take_focus() override;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qt/edit_field_widget.h"
 
+#include "platform/application.h"
 #include "platform/text.h"
 #include "qt/dialogs.h"
 #include "qt/look.h"
@@ -190,6 +191,7 @@ TextFieldWidget::TextFieldWidget(EditField& field, QWidget& parent)
     edit_.setReadOnly(field.own().read_only);
     QTextOption option = edit_.document()->defaultTextOption();
     option.setAlignment(alignment_of(field.own().align));
+    option.setTextDirection(Qt::LayoutDirectionAuto);
     edit_.document()->setDefaultTextOption(option);
     connect(&edit_, &QPlainTextEdit::textChanged, this, [this] { edited(edit_.toPlainText()); });
     const auto selected = [this] { tell_selection(edit_.textCursor(), edit_.toPlainText()); };
@@ -199,10 +201,43 @@ TextFieldWidget::TextFieldWidget(EditField& field, QWidget& parent)
 
 void TextFieldWidget::show_values() {
     show_text_size();
+    pending_ = field().window().application().busy();
+    if (!pending_) {
+        show_text();
+    }
+}
+
+void TextFieldWidget::show_pending() {
+    if (pending_ && attached()) {
+        pending_ = false;
+        quietly([this] { show_text(); });
+    }
+}
+
+// A long list of numbers is laid out twice as fast without what other scripts need.
+void TextFieldWidget::choose_layout(const QString& text) {
+    constexpr int long_text = 10000;
+    const bool simple = text.size() > long_text && std::all_of(text.begin(), text.end(), [](QChar character) {
+                            return character.unicode() < 0x80;
+                        });
+    QTextOption option = edit_.document()->defaultTextOption();
+    const Qt::LayoutDirection direction = simple ? Qt::LeftToRight : Qt::LayoutDirectionAuto;
+    if (option.textDirection() != direction) {
+        edit_.clear();
+        option.setTextDirection(direction);
+        edit_.document()->setDefaultTextOption(option);
+        QFont font = edit_.font();
+        font.setStyleStrategy(simple ? QFont::PreferNoShaping : QFont::PreferDefault);
+        edit_.setFont(font);
+    }
+}
+
+void TextFieldWidget::show_text() {
     const QString text = to_widget(field().Text());
     if (edit_.toPlainText() != text) {
         QTextCursor cursor = edit_.textCursor();
         const int start = cursor.selectionStart();
+        choose_layout(text);
         edit_.setPlainText(text);
         cursor.setPosition(std::min(start, static_cast<int>(text.size())));
         edit_.setTextCursor(cursor);

@@ -51,11 +51,15 @@ private:
 class TextFieldWidget : public FieldWidget {
 public:
     TextFieldWidget(EditField& field, QWidget& parent);
+    void show_pending() override;
 
 private:
     void show_values() override;
+    void show_text();
+    void choose_layout(const QString& text);
 
     QPlainTextEdit& edit_;
+    bool pending_ = false;
 };
 
 } // namespace tessit::qt

@@ -135,11 +135,11 @@ void QtDesktop::window_shown(Window& window) {
 WindowWidget& QtDesktop::ready_widget(Window& window) {
     WindowWidget* widget = widget_of(window);
     if (widget == nullptr) {
-        return make_widget(window);
-    }
-    if (widget->is_notice() && !widget->isVisible()) {
+        widget = &make_widget(window);
+    } else if (widget->is_notice() && !widget->isVisible()) {
         widget->place_on_screen(active_widget()); // another window may be the active one now
     }
+    widget->show_pending();
     return *widget;
 }
 
@@ -165,6 +165,11 @@ void QtDesktop::put_waiting_on_screen() {
             activation_.show_behind(ready_widget(*window));
         } else {
             put_on_screen(*window);
+        }
+    }
+    for (const auto& [window, widget] : widgets_) {
+        if (widget != nullptr && widget->isVisible()) { // a hidden one's texts wait until it is shown
+            widget->show_pending();
         }
     }
 }

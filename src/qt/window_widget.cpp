@@ -151,6 +151,12 @@ void WindowWidget::keep_above(const QWidget* active) {
     }
 }
 
+void WindowWidget::show_pending() {
+    for (const auto& control : controls_) {
+        control->show_pending();
+    }
+}
+
 void WindowWidget::forget_model() {
     model_ = nullptr;
     for (const auto& control : controls_) {

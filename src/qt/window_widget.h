@@ -24,6 +24,7 @@ public:
     const std::vector<std::unique_ptr<ControlWidget>>& controls() const { return controls_; }
 
     void place_on_screen(const QWidget* active); // before it is shown first
+    void show_pending();                         // what its controls left for later
     void forget_model();                         // the model's window has been closed
 
     bool event(QEvent* event) override;

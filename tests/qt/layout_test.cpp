@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // That texts fit and colours contrast: the rules one by one, and every window of the program as it is shown.
 #include "codec/register_image.h"
+#include "composer/compose_window.h"
+#include "consolidator/consolidator_window.h"
 #include "core/main_window.h"
 #include "core/popup_window.h"
 #include "device/load_direct_window.h"
@@ -166,10 +168,10 @@ TEST(EveryWindow, ShowsItsTextsWholeAndApart) {
     app.start();
     app.from_user("windows", [&] {
         app.serialselected = true; // keeps the load window from closing itself
-        for (Window* window : std::initializer_list<Window*>{&app.Window1.get(), &app.popupwindow.get(),
-                                                             &app.settings_window.get(), &app.load_direct_window.get(),
-                                                             &app.loadzephonWindow.get(), &app.pgsetupwindow.get(),
-                                                             &app.qcsetupwindow.get(), &app.editwindow.get()}) {
+        for (Window* window : std::initializer_list<Window*>{
+                 &app.Window1.get(), &app.popupwindow.get(), &app.settings_window.get(), &app.load_direct_window.get(),
+                 &app.loadzephonWindow.get(), &app.consolidatorWindow.get(), &app.composewindow.get(),
+                 &app.pgsetupwindow.get(), &app.qcsetupwindow.get(), &app.editwindow.get()}) {
             window->Show();
         }
         EditWindow& editor = app.editwindow.get();

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+// Consolidator and composer as the user sees them: cells painted and clicked, the list's selection and clipboard, long
+// lists, and the editor that comes up behind the composer.
+#include "composer/compose_window.h"
+#include "consolidator/consolidator_window.h"
+#include "editor/edit_window.h"
+#include "qt/qt_desktop.h"
+
+#include <QGuiApplication>
+#include <QPlainTextEdit>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace tessit::qt {
+
+namespace {
+
+class ProgramDesktop : public QtDesktop {
+public:
+    FolderItem program_folder() override { return FolderItem(folder_.path().toStdString()); }
+    DialogAnswer show_dialog(const MessageDialog&) override { return DialogAnswer::alternate; }
+
+private:
+    QTemporaryDir folder_;
+};
+
+class Lists : public testing::Test {
+protected:
+    Lists() {
+        app.start();
+        app.choose_menu("ConsolidatorNew");
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&widget(app.consolidatorWindow.get())));
+    }
+
+    WindowWidget& widget(Window& window) const { return *desktop.widget_of(window); }
+    template <class W> W& find(Window& window, const char* name) const {
+        return *widget(window).findChild<W*>(QLatin1String(name));
+    }
+    QPlainTextEdit& list() { return find<QPlainTextEdit>(app.consolidatorWindow.get(), "freqdisplayfield"); }
+
+    QTableView& compose(const char* text) {
+        app.consolidatorWindow->freqdisplayfield.edit(text);
+        app.consolidatorWindow->composebutton.click();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&widget(app.composewindow.get())));
+        return find<QTableView>(app.composewindow.get(), "freq_listBox");
+    }
+
+    static QRect cell(QTableView& table, int row, int column) {
+        return table.visualRect(table.model()->index(row, column));
+    }
+    static void click(QTableView& table, int row, int column) {
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::NoModifier, cell(table, row, column).center());
+    }
+    static QColor background(QTableView& table, int row, int column) {
+        return table.viewport()->grab().toImage().pixelColor(cell(table, row, column).topRight() + QPoint(-6, 6));
+    }
+    // Whether the text's colour is among the pixels of a cell.
+    static bool shows(QTableView& table, int row, int column, const QColor& color) {
+        const QImage image = table.viewport()->grab(cell(table, row, column)).toImage();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor pixel = image.pixelColor(x, y);
+                if (std::abs(pixel.red() - color.red()) + std::abs(pixel.green() - color.green()) +
+                        std::abs(pixel.blue() - color.blue()) <
+                    60) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    }
+
+    ProgramDesktop desktop;
+    App app{desktop, {.StageCode = Stage::beta}};
+};
+
+TEST_F(Lists, CellsArePaintedInTheirColours) {
+    QTableView& table = compose("300, 110, 100");
+    const QColor orange(0xFF, 0x66, 0x00);
+    EXPECT_TRUE(shows(table, 1, 0, orange));
+    EXPECT_FALSE(shows(table, 0, 0, orange));
+    EXPECT_EQ(background(table, 2, 2), QColor(Qt::white));
+    click(table, 2, 2);
+    EXPECT_EQ(app.composewindow->freq_field.Text(), "105.");
+    app.composewindow->enterbutton.click();
+    find<QWidget>(app.composewindow.get(), "enterbutton").setFocus(); // off the cell, which would be framed
+    EXPECT_EQ(background(table, 2, 2), QColor(0xC0, 0xC0, 0xC0));
+    EXPECT_EQ(background(table, 2, 1), QColor(Qt::white));
+}
+
+TEST_F(Lists, CellsAreClickedWithoutAMouseToo) {
+    QTableView& table = compose("300, 200");
+    table.setFocus();
+    QTest::keyClick(&table, Qt::Key_Down);
+    QTest::keyClick(&table, Qt::Key_Space);
+    EXPECT_EQ(app.composewindow->freq_field.Text(), "200.");
+    QTest::keyClick(&table, Qt::Key_Right);
+    QTest::keyClick(&table, Qt::Key_Right);
+    QTest::keyClick(&table, Qt::Key_Return);
+    EXPECT_EQ(app.cellcol, prime_column::center);
+}
+
+TEST_F(Lists, TheEditorComesUpBehindTheComposer) {
+    compose("300, 200");
+    app.composewindow->freq_listBox.click_cell(0, 0);
+    app.composewindow->enterbutton.click();
+    EXPECT_TRUE(widget(app.editwindow.get()).isVisible());
+    QTest::qWait(50);
+    EXPECT_TRUE(app.in_front(app.composewindow.get()));
+    EXPECT_EQ(QGuiApplication::focusWindow(), widget(app.composewindow.get()).windowHandle());
+}
+
+TEST_F(Lists, CutAndPasteFollowTheSelectionInTheField) {
+    list().setFocus();
+    QTest::keyClicks(&list(), "1, 2, 3");
+    QTest::keyClick(&list(), Qt::Key_Home);
+    for (int i = 0; i < 3; ++i) {
+        QTest::keyClick(&list(), Qt::Key_Right, Qt::ShiftModifier);
+    }
+    app.choose_menu("EditCut");
+    EXPECT_EQ(list().toPlainText(), "2, 3");
+    EXPECT_EQ(list().textCursor().position(), 0);
+    EXPECT_EQ(desktop.clipboard_text(), "1, ");
+    desktop.set_clipboard_text("10\r20");
+    app.choose_menu("EditPaste");
+    EXPECT_EQ(list().toPlainText(), "10, 20,");
+}
+
+TEST_F(Lists, ALongListIsShownWholeAndStaysEditable) {
+    QString numbers;
+    for (int i = 0; i < 5000; ++i) {
+        numbers += QString::number(i) + QLatin1Char('\n');
+    }
+    list().setPlainText(numbers); // as a paste into the field
+    EXPECT_EQ(list().toPlainText().left(9), "0, 1, 2, ");
+    app.consolidatorWindow->SortdnButton.click();
+    EXPECT_EQ(list().toPlainText().toStdString(), app.consolidatorWindow->freqdisplayfield.Text());
+    EXPECT_EQ(list().toPlainText().left(11), "4999, 4998,");
+    list().moveCursor(QTextCursor::End);
+    QTest::keyClicks(&list(), "7");
+    EXPECT_TRUE(app.consolidatorWindow->freqdisplayfield.Text().ends_with("0, 07"));
+}
+
+} // namespace
+
+} // namespace tessit::qt
