@@ -23,6 +23,7 @@ void LoadDirectWindow::LoadButton_Action() {
     }
     loadcompleted.SetVisible(false);
     const auto question = ready_to_load_dialog(app.editwindow->namefield.Text(), bank_bt1, bank_bt0);
+    Show(); // the editor may just have come up with its name
     if (app.ShowModal(question) == DialogAnswer::cancel) {
         return;
     }

@@ -213,6 +213,18 @@ TEST_F(ComposerTest, default_all_enters_every_prime_and_stops_at_fifty) {
     EXPECT_EQ(background(0, 0), Color{0xFFFFFF}); // greys nothing
 }
 
+TEST_F(ComposerTest, ten_thousand_primes_can_be_used_at_once) {
+    std::string many;
+    for (int i = 1; i <= 10000; ++i) {
+        many += Str(i * 9) + ",";
+    }
+    compose(many);
+    EXPECT_EQ(composer().freq_listBox.ListCount(), 10000);
+    enter_prime(9999);
+    EXPECT_EQ(level(1), "1|Single Frequency|9.|1|1|3:00|3:00|ON|1|Square|70|Positive");
+    EXPECT_EQ(background(9999, 0), Color{0xC0C0C0});
+}
+
 TEST_F(ComposerTest, default_all_overwrites_from_the_top) {
     compose("300, 200");
     choose_format(0);
@@ -273,6 +285,16 @@ TEST_F(ComposerTest, closing_asks_about_the_composed_protocol) {
         composer().close_by_user();
         EXPECT_EQ(levels(), 1);
     }
+    {
+        desktop.dismiss_file_dialog(); // the work is lost without further word
+        desktop.expect_message(question, DialogAnswer::action);
+        composer().close_by_user();
+        EXPECT_FALSE(app.composewindow.exists());
+    }
+    app.choose_menu("ConsolidatorNew");
+    consolidator().nameField.edit("night");
+    compose("300");
+    enter_prime(0);
     app.editwindow->activate();
     desktop.choose_file(desktop.folder / "night.zp2");
     desktop.expect_message(question, DialogAnswer::action);

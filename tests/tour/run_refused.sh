@@ -1,7 +1,7 @@
 #!/bin/bash
 # SPDX-License-Identifier: MIT
 # A tour whose level the program refuses must fail with the program's own words and leave no process behind; levels
-# files that can't be used are refused before anything starts.
+# and list files that can't be used are refused before anything starts.
 # Usage: run_refused.sh FOLDER-OF-PROGRAMS TARGET-FOLDER
 set -euo pipefail
 
@@ -13,12 +13,13 @@ rm -f "$target/tour.log"
 header=$'wave\twidth\tbase\ttime\tpulse\trate\tduty\tshape\toutput'
 good=$'Single Frequency\t\t7.83\t3:00\tON\t1\t50\tSine\tPositive'
 
-# Takes the tour with the levels on standard input; its words go to $told, its exit code to $code.
+# Takes the tour with the levels on standard input and with the arguments; its words go to $told, its exit code to $code.
 take_tour() {
     cat >"$target/levels.tsv"
     code=0
     told=$(PYTHONDONTWRITEBYTECODE=1 PYTHONPATH=../../tools /usr/bin/python3 -m tour "$target" \
-        --program "$bin/tessit-control" --emulator "$bin/zephon-emulator" --levels "$target/levels.tsv" 2>&1) || code=$?
+        --program "$bin/tessit-control" --emulator "$bin/zephon-emulator" --levels "$target/levels.tsv" "$@" 2>&1) ||
+        code=$?
 }
 
 # expect WORDS: the last tour failed and said so.
@@ -39,6 +40,9 @@ take_tour < <(echo "$header" && for _ in {1..51}; do echo "$good"; done)
 expect "51 levels; a protocol has 1 to 50"
 take_tour < <(echo "$header")
 expect "0 levels; a protocol has 1 to 50"
+echo none >"$target/list.csv"
+take_tour --list "$target/list.csv" < <(printf '%s\n%s\n' "$header" "$good")
+expect "list.csv: there is no frequency in it"
 [[ ! -e $target/tour.log ]] || { echo "A tour was started" && exit 1; }
 
 take_tour < <(printf '%s\n%s\n%s\n' "$header" "$good" "${good/7.83/abc}")

@@ -13,14 +13,18 @@ from pathlib import Path
 from . import TourError, children, display
 from .diary import Diary
 from .emulator import Emulator
+from .frequencies import check_list
 from .levels import read_levels
 
-EXAMPLE = Path(__file__).with_name("levels.tsv")
-HELP_ON_LEVELS = """\
+EXAMPLE_LEVELS = Path(__file__).with_name("levels.tsv")
+EXAMPLE_LIST = Path(__file__).with_name("frequencies.csv")
+HELP_ON_FILES = """\
 The levels file has a header and the columns wave, width, base, time, pulse, rate, duty, shape, output, set apart by
 tabs: 1 to 50 levels, times in MM:SS form, every value as the entry field takes it. An empty time, rate or base
 empties its field, an empty duty chooses the list's empty entry, and any other empty value leaves its list as it is.
 The width of a Single Frequency is not looked at: its list is disabled.
+
+The list file holds frequencies with decimal points, set apart by commas, tabs or line ends.
 """
 
 
@@ -31,6 +35,7 @@ def main():
         signal.signal(number, stop)
     try:
         levels = read_levels(arguments.levels)
+        check_list(arguments.list)
         diary = Diary(arguments.folder)
     except (TourError, OSError) as wrong:
         print(f"tour: {wrong}", file=sys.stderr)
@@ -45,12 +50,13 @@ def main():
 
 def parse(words):
     """The arguments."""
-    parser = argparse.ArgumentParser("tour", description=__doc__, epilog=HELP_ON_LEVELS,
+    parser = argparse.ArgumentParser("tour", description=__doc__, epilog=HELP_ON_FILES,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("folder", type=Path, help="where the tour leaves its files")
     parser.add_argument("--program", type=Path, required=True, help="tessit-control")
     parser.add_argument("--emulator", type=Path, required=True, help="zephon-emulator")
-    parser.add_argument("--levels", type=Path, default=EXAMPLE, help="what to type")
+    parser.add_argument("--levels", type=Path, default=EXAMPLE_LEVELS, help="what to type")
+    parser.add_argument("--list", type=Path, default=EXAMPLE_LIST, help="which list of frequencies to open")
     arguments = parser.parse_args(words)
     for needed in (arguments.program, arguments.emulator):
         if not needed.is_file():
@@ -84,7 +90,8 @@ def take_tour(arguments, levels, diary, folder):
     emulator = Emulator(arguments.emulator, folder / "emulator.log")
     diary.tell("The emulator tells:\n" + "\n".join(emulator.greeting))
     try:
-        Tour(lambda: Desktop(start_program(arguments.program, folder)), emulator, diary, folder).run(levels)
+        tour = Tour(lambda: Desktop(start_program(arguments.program, folder)), emulator, diary, folder)
+        tour.run(levels, arguments.list)
     except Exception:
         with contextlib.suppress(TourError):
             display.screenshot(diary.next_picture("failure"))

@@ -5,6 +5,7 @@ Nothing is ever changed over AT-SPI. Every act waits until its effect is to be s
 under a window manager a synthetic key can overtake a synthetic click.
 """
 
+import math
 import subprocess
 import time
 
@@ -17,6 +18,8 @@ from . import TourError  # noqa: E402
 
 PATIENCE = 30.0  # seconds for an effect to be seen; the machine may be busy
 SECOND_TRY = 5.0  # seconds after which a key is pressed again where that does no harm
+WHEEL_UP, WHEEL_DOWN = 4, 5  # mouse buttons
+ROWS_A_NOTCH = 3  # that the wheel scrolls a table
 PAUSE = 0.02  # seconds between two looks
 State = Atspi.StateType
 
@@ -72,7 +75,9 @@ class Control:
 
     def children(self):
         """The direct children."""
-        count = self._read(Atspi.Accessible.get_child_count, 0)
+        return self._first_children(self._read(Atspi.Accessible.get_child_count, 0))
+
+    def _first_children(self, count):
         found = [self._read(lambda node, i=i: node.get_child_at_index(i), None) for i in range(count)]
         return [Control(node) for node in found if node is not None]
 
@@ -113,11 +118,20 @@ class Control:
         return min(shown, key=lambda control: distance(captions[0].place, control.place))
 
     def headings(self):
-        """The headings of a table, left to right."""
-        return [child.name for child in self.children() if child.role == "table column header"]
+        """The headings of a table, left to right; only its corner comes before them."""
+        heads = self._first_children(1 + self.column_count())
+        return [head for head in heads if head.role == "table column header"]
+
+    def view(self):
+        """The upper and lower edge of a table's rows on the screen."""
+        _, top, _, height = self.place
+        return top + max((head.place[3] for head in self.headings()), default=0), top + height
 
     def row_count(self):
         return self._read(Atspi.Table.get_n_rows, 0)
+
+    def column_count(self):
+        return self._read(Atspi.Table.get_n_columns, 0)
 
     def cell(self, row, column):
         """One cell of a table, or None."""
@@ -126,7 +140,7 @@ class Control:
 
     def row(self, number):
         """The texts of one row of a table."""
-        cells = [self.cell(number, i) for i in range(self._read(Atspi.Table.get_n_columns, 0))]
+        cells = [self.cell(number, i) for i in range(self.column_count())]
         return [cell.name if cell else "" for cell in cells]
 
 
@@ -249,6 +263,19 @@ class Desktop:
         cell = table.cell(number, 0)
         self.click(cell, f"row {number} to be selected", lambda: table.cell(number, 0).has(State.SELECTED))
 
+    def scroll_to(self, table, row, column):
+        """A cell of a table, scrolled into view with the wheel."""
+        def in_view():
+            cell = table.cell(row, column)
+            notches = notches_to(settled_place(cell), table.view())
+            if not notches:
+                return cell
+            left, top, width, height = table.place
+            act("mousemove", left + width // 2, top + height // 2, "click", "--repeat", abs(notches), "--delay", 8,
+                WHEEL_UP if notches < 0 else WHEEL_DOWN)
+            return None
+        return self.wait(f"row {row} to be in view", in_view)
+
     @staticmethod
     def shows(combo, entry):
         """Whether a list control shows an entry."""
@@ -355,6 +382,14 @@ def settled_place(control):
         place = control.place
         time.sleep(2 * PAUSE)
     return place
+
+
+def notches_to(cell, view):
+    """How far the wheel is to be turned, downwards above 0, for a cell to come between the edges of its view."""
+    _, top, _, height = cell
+    if top < view[0]:
+        return -math.ceil((view[0] - top) / (height * ROWS_A_NOTCH))
+    return math.ceil(max(0, top + height - view[1]) / (height * ROWS_A_NOTCH))
 
 
 def open_entry(combo, entry):

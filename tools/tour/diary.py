@@ -5,8 +5,8 @@ import re
 import time
 
 
-LEFT = ("protocol.zp2", "table.tsv", "bank.hex", "readback.tsv", "protocol.tab", "tour.log", "display.log",
-        "emulator.log", "program.log")
+LEFT = ("protocol.zp2", "table.tsv", "bank.hex", "readback.tsv", "protocol.tab", "list.txt", "duplicates.txt",
+        "primes.tsv", "composed.zp2", "bank8.hex", "tour.log", "display.log", "emulator.log", "program.log")
 
 
 class Diary:

@@ -2,6 +2,7 @@
 """A virtual display of its own for the tour: X server, session bus and window manager, none of them the user's."""
 
 import os
+import re
 import subprocess
 from pathlib import Path
 
@@ -75,6 +76,16 @@ def screenshot(path, place=None):
                           capture_output=True, text=True, timeout=60, check=False)
     if done.returncode != 0:
         raise TourError(f"No picture could be taken: {done.stderr.strip()}")
+
+
+def color_at(left, top):
+    """The colour of one point of the screen, such as "#C0C0C0"."""
+    done = subprocess.run(["import", "-silent", "-window", "root", "-crop", f"1x1+{left}+{top}", "-depth", "8", "txt:-"],
+                          stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=60, check=False)
+    found = re.search("#[0-9A-F]{6}", done.stdout)
+    if not found:
+        raise TourError(f"No colour could be read: {done.stderr.strip()}")
+    return found[0]
 
 
 def framed(place):

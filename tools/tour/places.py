@@ -4,5 +4,7 @@
 MAIN = "Tessit Control"
 EDITOR = "Zephon Protocol Editor"
 READER = "Read Zephon"
+CONSOLIDATOR = "Frequency Consolidator"
+COMPOSER = "Protocol Composer"
 PORT = "Zephon emulator"
 BANK = 7

@@ -5,6 +5,7 @@ import re
 import shutil
 
 from . import TourError, display, xwindows
+from .lists import Lists
 from .places import BANK, EDITOR, MAIN, PORT
 from .reading import Reading
 
@@ -30,10 +31,11 @@ class Tour:
         self.files = files
         self.saved = files / "protocol.zp2"
 
-    def run(self, levels):
+    def run(self, levels, list_file):
         """All steps in order."""
         self.start()
         self.choose_port()
+        Lists(self, list_file).run()
         self.create()
         self.enter(levels)
         self.save()
@@ -41,7 +43,7 @@ class Tour:
         self.open()
         self.read_table(levels)
         self.load()
-        self.read_bank()
+        self.read_bank(BANK, "bank.hex")
         self.discard_and_quit_editor()
         reading = Reading(self)
         reading.run()
@@ -160,9 +162,10 @@ class Tour:
         self.picture("editor reopened", window)
         self.diary.tell("The reopened table shows:\n" + text.rstrip("\n"))
 
-    def leave_table(self, name, table):
-        """Leaves a table as shown, the empty row 0 left out, and gives its text."""
-        rows = [table.headings(), *(table.row(number) for number in range(1, table.row_count()))]
+    def leave_table(self, name, table, first=1):
+        """Leaves a table as shown, from a row on (row 0 of levels is empty), and gives its text."""
+        rows = [[head.name for head in table.headings()],
+                *(table.row(number) for number in range(first, table.row_count()))]
         text = "".join("\t".join(row) + "\n" for row in rows)
         (self.diary.folder / name).write_text(text, encoding="utf-8")
         return text
@@ -216,11 +219,11 @@ class Tour:
         display.screenshot(self.diary.next_picture("loading"), display.framed(place))
         self.diary.tell("The progress notice shows while the bank is loaded")
 
-    def read_bank(self):
-        """What the emulator holds of the bank goes to bank.hex; it has nothing to complain of."""
-        lines = self.emulator.ask(f"dump {BANK}")
-        (self.diary.folder / "bank.hex").write_text("".join(line + "\n" for line in lines), encoding="ascii")
-        self.diary.tell(f"The emulator holds in bank {BANK}:\n" + "\n".join(lines))
+    def read_bank(self, bank, name):
+        """What the emulator holds of a bank goes to a file; it has nothing to complain of."""
+        lines = self.emulator.ask(f"dump {bank}")
+        (self.diary.folder / name).write_text("".join(line + "\n" for line in lines), encoding="ascii")
+        self.diary.tell(f"The emulator holds in bank {bank}:\n" + "\n".join(lines))
         violations = self.emulator.ask("violations")
         self.diary.tell("Violations of the dialogue that the emulator counts: " + "\n".join(violations))
         if violations != ["0"]:
