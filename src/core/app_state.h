@@ -94,7 +94,7 @@ struct AppState : RegisterImage {
     std::string zpserial, assigned, qc;
 
     // Mail and forms.
-    std::int32_t port = 25; // completed once at start-up
+    std::int32_t port = deployment::first_mail_port; // completed once at start-up
     std::int32_t pwd = deployment::stored_credential;
     std::string uName;
     std::string EditLayout, EditEntry, EditDisplay, SelectBank, DataTransfer, fbSaveas, fbSave, ConsolidateLayout,

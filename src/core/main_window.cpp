@@ -7,6 +7,7 @@
 #include "files/settings_file.h"
 #include "platform/text.h"
 #include "support/deployment.h"
+#include "support/support_mail.h"
 
 namespace tessit {
 
@@ -22,6 +23,10 @@ void MainWindow::Event_Open() {
     app.datareset();
     StatusField.SetText("");
     StatusField.SetVisible(false);
+}
+
+void MainWindow::TCPSocket1_SendComplete() {
+    app.ContactPopUp->Show();
 }
 
 void MainWindow::complete_credentials() {

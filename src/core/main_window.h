@@ -7,6 +7,7 @@
 #include "platform/edit_field.h"
 #include "platform/serial.h"
 #include "platform/static_controls.h"
+#include "support/smtp_secure_socket.h"
 
 namespace tessit {
 
@@ -20,7 +21,9 @@ public:
                          .color = {0xF7F7F7},
                          .frame = WindowFrame::document,
                          .lifetime = Lifetime::program}),
-          serial_port(owner.desktop().serial_ports()), app(owner) {}
+          serial_port(owner.desktop().serial_ports()), app(owner) {
+        SMTSecureSocket1.Secure = true;
+    }
 
     ImageWell ImageWell1{*this, {.name = "ImageWell1", .place = {237, 20, 100, 76}, .label = "Tessit Control"}, "logo"};
     StaticText StaticText2{*this,
@@ -36,11 +39,21 @@ public:
 
     Serial serial_port;
 
+    // Nothing connects these two.
+    TCPSocket TCPSocket1{*this,
+                         {.name = "TCPSocket1",
+                          .on_connected = [this] { app.MsgBox("secure Socket connected"); },
+                          .on_data_available = [this] { app.MsgBox("data available"); },
+                          .on_send_complete = [this](bool) { TCPSocket1_SendComplete(); },
+                          .on_error = [this] { app.MsgBox("error sending e-mail"); }}};
+    SMTPSecureSocket SMTSecureSocket1{*this, {.name = "SMTSecureSocket1"}};
+
     void Event_Open() override;
     void Event_Close() override;
     void Event_EnableMenuItems() override;
 
 private:
+    void TCPSocket1_SendComplete();
     void complete_credentials();
     void show_version();
     std::string read_settings_file();

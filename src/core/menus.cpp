@@ -54,7 +54,7 @@ MenuBar make_menu_bar() {
 
 void App::_ApplicationAddMenuHandlers() {
     const auto bind = [this](std::string_view entry, bool (App::*action)()) {
-        MenuBar1.item(entry).bind([this, action] { return (this->*action)(); });
+        MenuBar1.bind(entry, [this, action] { return (this->*action)(); });
     };
     bind("FileCreateNewFile", &App::_FileCreateNewFile_Action);
     bind("FileOpen", &App::_FileOpen_Action);
@@ -79,6 +79,13 @@ void App::_ApplicationAddMenuHandlers() {
     bind("SettingsSetSerialPort", &App::_SettingsSetSerialPort_Action);
     bind("SettingsSetPreferences", &App::_SettingsSetPreferences_Action);
     bind("SettingsSaveSettings", &App::_SettingsSaveSettings_Action);
+    bind("ContactUsGiveusyourFeedback", &App::_ContactUsGiveusyourFeedback_Action);
+    bind("ContactUsOnlineSupport", &App::_ContactUsOnlineSupport_Action);
+    bind("HelpOpenHelpFile", &App::_HelpOpenHelpFile_Action);
+    bind("HelpHelpFile", &App::_HelpHelpFile_Action); // this and the last one are names that no entry carries
+    bind("HelpDisplayManual", &App::_HelpDisplayManual_Action);
+    bind("HelpOnlineHelp", &App::_HelpOnlineHelp_Action);
+    bind("Untitled", &App::_Untitled_Action);
 }
 
 void EnableRules::apply(MenuBar& bar) const {

@@ -174,8 +174,18 @@ void Application::choose_menu(std::string_view entry) {
     enable_menu_items();
     MenuItem& item = MenuBar1.item(entry);
     if (item.Enabled()) {
-        from_user("_" + item.name() + "_Action", [&] { item.run(); });
+        from_user("_" + item.name() + "_Action", [&] {
+            if (!handled_in_front(item.name())) {
+                item.run();
+            }
+        });
     }
+}
+
+bool Application::handled_in_front(std::string_view entry) {
+    const tessit::Window* front = front_window();
+    return front != nullptr && std::any_of(front->controls().begin(), front->controls().end(),
+                                           [&](Control* control) { return control->handle_command(entry); });
 }
 
 Window& Application::adopt(std::unique_ptr<tessit::Window> window, std::function<void()> on_retired) {

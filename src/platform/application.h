@@ -111,6 +111,7 @@ private:
     };
 
     void end_outermost_event();
+    bool handled_in_front(std::string_view entry);
     void report(const Fault& fault);
     bool nothing_to_be_seen() const;
     std::vector<OpenWindow>::iterator find(const tessit::Window& window);

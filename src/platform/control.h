@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace tessit {
 
@@ -76,6 +77,9 @@ public:
 
     void SetFocus(); // makes this the window's focus control
     void Refresh();  // on the screen at once, also while a handler runs
+
+    // A menu command that the control sees to itself while its window is in front; false leaves it to the program.
+    virtual bool handle_command(std::string_view) { return false; }
 
     void attach(ControlView* view) { view_ = view; } // null detaches
     ControlView* view() const { return view_; }

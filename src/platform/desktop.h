@@ -7,10 +7,12 @@
 #include "platform/dialogs.h"
 #include "platform/fault.h"
 #include "platform/serial.h"
+#include "platform/socket.h"
 
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tessit {
 
@@ -23,7 +25,9 @@ public:
 
     virtual Clock& clock() = 0;
     virtual SerialPorts& serial_ports() = 0;
+    virtual Sockets& sockets() = 0;
     virtual FolderItem program_folder() = 0; // settings, the transfer file and the help documents are there
+    virtual std::vector<FolderItem> document_folders() { return {}; } // where documents lie that are not there
 
     // Modal; each returns when the user has answered. No value: dismissed.
     virtual DialogAnswer show_dialog(const MessageDialog& dialog) = 0;

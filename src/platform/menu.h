@@ -5,6 +5,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,10 +56,16 @@ public:
 
     const std::vector<Menu>& menus() const { return menus_; }
     MenuItem& item(std::string_view name); // Fault nil_object where no entry has this name
+    // Gives a command its action. A name that no entry carries keeps it without a caller.
+    void bind(std::string_view name, std::function<bool()> action);
+    const std::map<std::string, std::function<bool()>, std::less<>>& without_entry() const { return without_entry_; }
     void restore_auto_enable();
 
 private:
+    MenuItem* find(std::string_view name);
+
     std::vector<Menu> menus_;
+    std::map<std::string, std::function<bool()>, std::less<>> without_entry_;
 };
 
 } // namespace tessit

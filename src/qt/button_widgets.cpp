@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "qt/button_widgets.h"
 
+#include "qt/look.h"
 #include "qt/widget_text.h"
+
+#include <QGuiApplication>
 
 namespace tessit::qt {
 
@@ -16,6 +19,16 @@ QButtonGroup& group_in(QWidget& parent, int number) {
         group->setObjectName(name);
     }
     return *group;
+}
+
+// Tab goes to the button that is on, or to the first one; the arrow keys go on from there.
+void leave_one_tab_stop(const QButtonGroup& group) {
+    const QList<QAbstractButton*> buttons = group.buttons();
+    const QAbstractButton* on = group.checkedButton();
+    const QAbstractButton* stop = on != nullptr ? on : buttons.front();
+    for (QAbstractButton* button : buttons) {
+        button->setFocusPolicy(button == stop ? Qt::StrongFocus : Qt::ClickFocus);
+    }
 }
 
 } // namespace
@@ -41,7 +54,17 @@ RadioButtonWidget::RadioButtonWidget(RadioButton& button, QWidget& parent)
     : ControlWidget(button, *new QRadioButton(&parent)), button_(button), widget_(static_cast<QRadioButton&>(widget())),
       group_(group_in(parent, button.own().group)) {
     group_.addButton(&widget_);
+    show_circle();
     connect(&widget_, &QRadioButton::clicked, this, [this] { tell([this] { button_.click(); }); });
+}
+
+// On a dark desktop the empty circle would hardly stand out from the window.
+void RadioButtonWidget::show_circle() {
+    QPalette palette = QGuiApplication::palette();
+    if (is_dark(palette)) {
+        palette.setColor(QPalette::Base, palette.color(QPalette::WindowText).darker(270));
+        widget_.setPalette(palette);
+    }
 }
 
 void RadioButtonWidget::show_values() {
@@ -51,6 +74,7 @@ void RadioButtonWidget::show_values() {
         widget_.setChecked(button_.Value());
         group_.setExclusive(true);
     }
+    leave_one_tab_stop(group_);
 }
 
 } // namespace tessit::qt

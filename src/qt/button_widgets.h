@@ -31,6 +31,7 @@ public:
 
 private:
     void show_values() override;
+    void show_circle();
 
     RadioButton& button_;
     QRadioButton& widget_;

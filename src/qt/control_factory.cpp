@@ -5,6 +5,7 @@
 #include "qt/button_widgets.h"
 #include "qt/choice_widgets.h"
 #include "qt/edit_field_widget.h"
+#include "qt/html_viewer_widget.h"
 #include "qt/listbox_widget.h"
 #include "qt/static_widgets.h"
 
@@ -56,7 +57,8 @@ std::unique_ptr<ControlWidget> make_control_widget(Control& control, QWidget& pa
         make_if<StaticTextWidget, StaticText>(control, parent, made) ||
         make_if<GroupBoxWidget, GroupBox>(control, parent, made) ||
         make_if<ProgressBarWidget, ProgressBar>(control, parent, made) ||
-        make_if<ImageWellWidget, ImageWell>(control, parent, made)) {
+        make_if<ImageWellWidget, ImageWell>(control, parent, made) ||
+        make_if<HTMLViewerWidget, HTMLViewer>(control, parent, made)) {
         return made;
     }
     throw Fault(FaultKind::internal, "No widget shows the control \"" + control.name() + "\".");

@@ -89,16 +89,17 @@ void ControlWidget::set_text_size(int points) {
 }
 
 void paint_at_once(QWidget& window) {
+    constexpr auto only_painting = QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers;
     if (!window.isVisible()) {
         return;
     }
     const QDeadlineTimer limit(500);
     while (window.windowHandle() != nullptr && !window.windowHandle()->isExposed() && !limit.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QCoreApplication::processEvents(only_painting);
         QThread::usleep(500);
     }
     window.repaint();
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    QCoreApplication::processEvents(only_painting);
 }
 
 } // namespace tessit::qt

@@ -60,6 +60,16 @@ FolderItem QtDesktop::program_folder() {
     return FolderItem(QFile::encodeName(own).toStdString());
 }
 
+std::vector<FolderItem> QtDesktop::document_folders() {
+    const QDir beside_program(QCoreApplication::applicationDirPath());
+    std::vector<FolderItem> folders;
+    for (const char* folder : {".", "../share/tessit-control", "../share/doc/tessit-control"}) {
+        const QString path = QDir::cleanPath(beside_program.absoluteFilePath(QLatin1String(folder)));
+        folders.emplace_back(QFile::encodeName(path).toStdString());
+    }
+    return folders;
+}
+
 DialogAnswer QtDesktop::show_dialog(const MessageDialog& dialog) {
     put_waiting_on_screen();
     return qt::show_dialog(active_widget(), dialog);
@@ -202,7 +212,7 @@ QWidget* QtDesktop::active_widget() const {
 void QtDesktop::repaint_uncovered() {
     if (application_ != nullptr && application_->busy()) {
         put_waiting_on_screen();
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
     }
 }
 

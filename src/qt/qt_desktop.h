@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The desktop that Qt provides: windows, dialogs, clock, serial ports. Used as
+// The desktop that Qt provides: windows, dialogs, clock, serial ports, sockets. Used as
 //   qt::GuiApplication gui(argc, argv); qt::QtDesktop desktop; App app(desktop, version); app.start();
 //   return desktop.run();
 // The desktop must outlive the program's application. It gets to know it when the first window is shown.
@@ -9,6 +9,7 @@
 #include "qt/activation.h"
 #include "qt/qt_clock.h"
 #include "qt/qt_serial.h"
+#include "qt/qt_socket.h"
 #include "qt/window_widget.h"
 
 #include <QApplication>
@@ -35,7 +36,9 @@ public:
 
     Clock& clock() override { return clock_; }
     SerialPorts& serial_ports() override { return serial_ports_; }
-    FolderItem program_folder() override; // the executable's when it can be written, else the user's own
+    Sockets& sockets() override { return sockets_; }
+    FolderItem program_folder() override;                // the executable's when it can be written, else the user's own
+    std::vector<FolderItem> document_folders() override; // the executable's, then those of an installation
 
     DialogAnswer show_dialog(const MessageDialog& dialog) override;
     std::optional<FolderItem> choose_open_file(const FileRequest& request) override;
@@ -65,6 +68,7 @@ private:
     Activation activation_;
     QtClock clock_;
     QtSerialPorts serial_ports_;
+    QtSockets sockets_;
     std::map<const Window*, QPointer<WindowWidget>> widgets_;
     std::vector<Window*> waiting_;               // shown by the running handler, which may hide them again
     std::map<std::string, QRect> last_places_;   // by the window's name, so that it opens again where it was

@@ -23,17 +23,22 @@ std::string offered(App& app) {
 TEST(Menus, each_window_offers_its_commands) {
     Program program;
     App& app = program.app;
+    const std::string everywhere = " ContactUsGiveusyourFeedback ContactUsOnlineSupport HelpOpenHelpFile "
+                                   "HelpDisplayManual HelpOnlineHelp";
     EXPECT_EQ(offered(app), "FileCreateNewFile FileOpen FileQuitEditor FileExitProgram ZephonLoadFromFile "
                             "ZephonReadZephon EditMakeallSine EditMakeallSquare ConsolidatorNew ConsolidatorOpen "
-                            "SettingsSetSerialPort SettingsSetPreferences");
+                            "SettingsSetSerialPort SettingsSetPreferences" +
+                                everywhere);
     program.new_protocol();
     const std::string in_editor = "FileOpen FileSave FileExport FileQuitEditor FileExitProgram ZephonLoadDirect "
                                   "ZephonReadZephon EditDeleteRow EditInsertRow EditMakeallSine EditMakeallSquare "
-                                  "SettingsSetSerialPort SettingsSetPreferences";
+                                  "SettingsSetSerialPort SettingsSetPreferences" +
+                                  everywhere;
     EXPECT_EQ(offered(app), in_editor);
     app.choose_menu("SettingsSetSerialPort");
     EXPECT_EQ(offered(app), "FileExitProgram ZephonReadZephon EditMakeallSine EditMakeallSquare EditEditProtocol "
-                            "SettingsSaveSettings");
+                            "SettingsSaveSettings" +
+                                everywhere);
     app.settings_window->close_by_user();
     EXPECT_EQ(offered(app), in_editor);
     app.choose_menu("FileQuitEditor");

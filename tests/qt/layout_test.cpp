@@ -13,6 +13,11 @@
 #include "qt/control_layout.h"
 #include "qt/look.h"
 #include "qt/qt_desktop.h"
+#include "support/contact_form.h"
+#include "support/feedback_form.h"
+#include "support/help_window.h"
+#include "support/online_help_form.h"
+#include "support/support_mail.h"
 
 #include <QComboBox>
 #include <QHeaderView>
@@ -176,10 +181,12 @@ TEST(EveryWindow, ShowsItsTextsWholeAndApart) {
     app.start();
     app.from_user("windows", [&] {
         app.serialselected = true; // keeps the load window from closing itself
-        for (Window* window : std::initializer_list<Window*>{&app.Window1.get(), &app.popupwindow.get(),
-                                                             &app.settings_window.get(), &app.load_direct_window.get(),
-                                                             &app.loadzephonWindow.get(), &app.consolidatorWindow.get(),
-                                                             &app.composewindow.get(), &app.editwindow.get()}) {
+        for (Window* window : std::initializer_list<Window*>{
+                 &app.Window1.get(), &app.popupwindow.get(), &app.settings_window.get(), &app.load_direct_window.get(),
+                 &app.loadzephonWindow.get(), &app.consolidatorWindow.get(), &app.composewindow.get(),
+                 &app.editwindow.get(), &app.FeedbackWindow.get(), &app.feedbackPopup.get(), &app.ContactUsWindow.get(),
+                 &app.ContactPopUp.get(), &app.OnlineHelpWindow.get(), &app.onlinehelpPopup.get(),
+                 &app.helpWindow.get()}) {
             window->Show();
         }
         EditWindow& editor = app.editwindow.get();

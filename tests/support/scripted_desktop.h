@@ -5,6 +5,7 @@
 
 #include "platform/application.h"
 #include "platform/desktop.h"
+#include "support/scripted_sockets.h"
 
 #include <deque>
 #include <filesystem>
@@ -71,9 +72,11 @@ public:
 
     SimulatedClock simulated_clock;
     TemporaryFolder folder;
+    ScriptedSockets scripted_sockets;
 
     Clock& clock() override { return simulated_clock; }
     SerialPorts& serial_ports() override { return switchboard_; }
+    ScriptedSockets& sockets() override { return scripted_sockets; }
     FolderItem program_folder() override { return FolderItem(folder.path()); }
     DialogAnswer show_dialog(const MessageDialog& dialog) override;
     std::optional<FolderItem> choose_open_file(const FileRequest& request) override { return next_file(request); }

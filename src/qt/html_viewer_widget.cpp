@@ -1,0 +1,307 @@
+// SPDX-License-Identifier: MIT
+#include "qt/html_viewer_widget.h"
+
+#include "qt/widget_text.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+
+namespace tessit::qt {
+
+namespace {
+
+bool is_pdf(const QString& path) {
+    return path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
+}
+
+QString file_name_of(const FolderItem& item) {
+    return QFile::decodeName(item.path().c_str());
+}
+
+} // namespace
+
+HTMLViewerWidget::HTMLViewerWidget(HTMLViewer& viewer, QWidget& parent)
+    : ControlWidget(viewer, *new QWidget(&parent)), viewer_(viewer), row_(*new QWidget(&widget())),
+      pages_(*new QStackedWidget(&widget())), html_(*new QTextBrowser(&pages_)), pdf_(*new PdfPage(pages_)),
+      notice_(*new QLabel(&widget())), find_bar_(*new FindBar(widget())) {
+    auto* column = new QVBoxLayout(&widget());
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    for (QWidget* part : std::initializer_list<QWidget*>{&row_, &pages_, &notice_, &find_bar_}) {
+        column->addWidget(part, part == &pages_ ? 1 : 0);
+    }
+    html_.setObjectName("HTMLV_html");
+    html_.setAccessibleName(widget().accessibleName());
+    html_.setOpenLinks(false);
+    html_.setFrameShape(QFrame::NoFrame);
+    html_.document()->setDocumentMargin(12);
+    pdf_.setObjectName("HTMLV_pdf");
+    pdf_.setAccessibleName(widget().accessibleName());
+    pdf_.setFrameShape(QFrame::NoFrame);
+    html_.viewport()->installEventFilter(this);
+    pages_.addWidget(&html_);
+    pages_.addWidget(&pdf_);
+    notice_.setObjectName("HTMLV_notice");
+    notice_.setTextFormat(Qt::PlainText);
+    notice_.setWordWrap(true);
+    notice_.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    notice_.setMargin(6);
+    notice_.hide();
+    widget().setFocusPolicy(Qt::StrongFocus);
+    make_buttons();
+    make_shortcuts();
+    bring_up(html_);
+    connect(&html_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { follow(link); });
+    connect(&html_, &QTextBrowser::historyChanged, this, [this] { refresh_buttons(); });
+    pdf_.on_scrolled = [this] { refresh_buttons(); };
+    find_bar_.on_typed = [this] { find(false, true); };
+    find_bar_.on_find = [this](bool backward) { find(backward, false); };
+    find_bar_.on_shut = [this] { end_find(); };
+    viewer.on_edit = [this](EditCommand command) { edit(command); };
+}
+
+void HTMLViewerWidget::detach() {
+    if (attached()) {
+        viewer_.on_edit = nullptr;
+    }
+    ControlWidget::detach();
+}
+
+QToolButton& HTMLViewerWidget::add_button(const char* name, const char* text, const char* what,
+                                          const std::function<void()>& action) {
+    auto* button = new QToolButton(&row_);
+    button->setObjectName(QLatin1String(name));
+    button->setText(QString::fromUtf8(text));
+    button->setAccessibleName(QLatin1String(what));
+    button->setToolTip(QLatin1String(what));
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    connect(button, &QToolButton::clicked, this, action);
+    row_.layout()->addWidget(button);
+    return *button;
+}
+
+void HTMLViewerWidget::make_buttons() {
+    auto* row = new QHBoxLayout(&row_);
+    row->setContentsMargins(6, 3, 6, 3);
+    back_ = &add_button("go_back", "Back", "Back (Alt+Left)", [this] { go_back(); });
+    forward_ = &add_button("go_forward", "Forward", "Forward (Alt+Right)", [this] { go_forward(); });
+    add_button("zoom_out", "Smaller", "Smaller (Ctrl+-)", [this] { zoom(-1); });
+    add_button("zoom_in", "Larger", "Larger (Ctrl++)", [this] { zoom(1); });
+    add_button("find", "Find", "Find (Ctrl+F)", [this] { find_bar_.open(); });
+    row->addStretch(1);
+    page_number_ = new QLabel(&row_);
+    page_number_->setObjectName("page_number");
+    row->addWidget(page_number_);
+}
+
+void HTMLViewerWidget::make_shortcuts() {
+    const auto on = [this](const QKeySequence& keys, const std::function<void()>& action) {
+        auto* shortcut = new QShortcut(keys, &widget());
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, action);
+    };
+    on(Qt::CTRL | Qt::Key_F, [this] { find_bar_.open(); });
+    on(Qt::Key_F3, [this] { find(false, false); });
+    on(Qt::SHIFT | Qt::Key_F3, [this] { find(true, false); });
+    on(Qt::Key_Escape, [this] { find_bar_.isVisible() ? find_bar_.shut() : notice_.hide(); });
+    on(Qt::ALT | Qt::Key_Left, [this] { go_back(); });
+    on(Qt::ALT | Qt::Key_Right, [this] { go_forward(); });
+    on(Qt::CTRL | Qt::Key_Plus, [this] { zoom(1); });
+    on(Qt::CTRL | Qt::Key_Equal, [this] { zoom(1); });
+    on(Qt::CTRL | Qt::Key_Minus, [this] { zoom(-1); });
+    on(Qt::CTRL | Qt::Key_0, [this] { zoom(0); });
+}
+
+void HTMLViewerWidget::show_values() {
+    if (viewer_.loads() == loads_shown_) {
+        return;
+    }
+    loads_shown_ = viewer_.loads();
+    tell("");
+    html_behind_ = false;
+    if (!viewer_.page()) {
+        return show_missing();
+    }
+    const QString path = file_name_of(*viewer_.page());
+    folder_ = QFileInfo(path).absolutePath();
+    html_.clearHistory();
+    show_file(path, "");
+}
+
+void HTMLViewerWidget::show_file(const QString& path, const QString& anchor) {
+    if (!QFileInfo(path).isReadable()) {
+        return show_unreadable(path);
+    }
+    if (is_pdf(path)) {
+        return pdf_.open(path) ? bring_up(pdf_) : show_unreadable(path);
+    }
+    pdf_.close();
+    QUrl url = QUrl::fromLocalFile(path);
+    if (!anchor.isEmpty()) {
+        url.setFragment(anchor);
+    }
+    if (html_.source() == url) {
+        html_.reload();
+    } else {
+        html_.setSource(url);
+    }
+    bring_up(html_);
+}
+
+void HTMLViewerWidget::show_missing() {
+    const FolderItem& wanted = viewer_.looked_for().front();
+    QString places;
+    for (const FolderItem& item : viewer_.looked_for()) {
+        places += "<li>" + file_name_of(item).toHtmlEscaped() + "</li>";
+    }
+    show_message(QStringLiteral("<h2>This document is not there</h2><p>The file <b>%1</b> was not found. It was "
+                                "looked for here:</p><ul>%2</ul><p>Put it in one of these places, or install the "
+                                "program again.</p>")
+                     .arg(to_widget(wanted.DisplayName()).toHtmlEscaped(), places));
+}
+
+void HTMLViewerWidget::show_unreadable(const QString& path) {
+    show_message(QStringLiteral("<h2>This document can't be shown</h2><p>The file <b>%1</b> can't be read, or it is "
+                                "damaged.</p>")
+                     .arg(path.toHtmlEscaped()));
+}
+
+void HTMLViewerWidget::show_message(const QString& html) {
+    pdf_.close();
+    html_.setSource(QUrl());
+    html_.clearHistory();
+    html_.setHtml(html);
+    bring_up(html_);
+}
+
+void HTMLViewerWidget::bring_up(QWidget& page) {
+    const bool had_focus = widget().hasFocus() || widget().isAncestorOf(widget().window()->focusWidget());
+    pages_.setCurrentWidget(&page);
+    widget().setFocusProxy(&page);
+    if (had_focus && !find_bar_.isVisible()) {
+        page.setFocus(Qt::OtherFocusReason);
+    }
+    refresh_buttons();
+}
+
+void HTMLViewerWidget::follow(const QUrl& link) {
+    tell("");
+    const QUrl target = html_.source().resolved(link);
+    const QString path = QDir::cleanPath(target.toLocalFile());
+    if (!target.isLocalFile() || !path.startsWith(folder_ + '/')) {
+        return tell(QStringLiteral("This link leads out of the document and is not opened: ") +
+                    target.toDisplayString());
+    }
+    if (!QFileInfo(path).isReadable()) {
+        return tell(QStringLiteral("The file that this link leads to is not there: ") + path);
+    }
+    const bool leaves_html = is_pdf(path);
+    show_file(path, target.fragment(QUrl::FullyDecoded));
+    html_behind_ = leaves_html;
+    refresh_buttons();
+}
+
+void HTMLViewerWidget::tell(const QString& text) {
+    notice_.setText(text);
+    notice_.setVisible(!text.isEmpty());
+}
+
+void HTMLViewerWidget::go_back() {
+    tell("");
+    if (shows_pdf() && html_behind_) {
+        html_behind_ = false;
+        pdf_.close();
+        return bring_up(html_);
+    }
+    if (!shows_pdf()) {
+        html_.backward();
+    }
+}
+
+void HTMLViewerWidget::go_forward() {
+    tell("");
+    if (!shows_pdf()) {
+        html_.forward();
+    }
+}
+
+void HTMLViewerWidget::find(bool backward, bool from_present_place) {
+    const QString text = find_bar_.text();
+    if (text.isEmpty()) {
+        end_find();
+        return find_bar_.open();
+    }
+    if (shows_pdf()) {
+        return find_bar_.tell(pdf_.find(text, backward, from_present_place));
+    }
+    const QTextDocument::FindFlags flags = backward ? QTextDocument::FindBackward : QTextDocument::FindFlags();
+    if (from_present_place) {
+        QTextCursor cursor = html_.textCursor();
+        cursor.setPosition(cursor.selectionStart());
+        html_.setTextCursor(cursor);
+    }
+    bool found = html_.find(text, flags);
+    if (!found) { // around the end
+        const QTextCursor before = html_.textCursor();
+        html_.moveCursor(backward ? QTextCursor::End : QTextCursor::Start);
+        found = html_.find(text, flags);
+        if (!found) {
+            html_.setTextCursor(before);
+        }
+    }
+    find_bar_.tell(found);
+}
+
+void HTMLViewerWidget::end_find() {
+    find_bar_.tell(true);
+    pdf_.clear_find();
+    if (!find_bar_.isVisible()) {
+        pages_.currentWidget()->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void HTMLViewerWidget::zoom(int steps) {
+    if (shows_pdf()) {
+        return pdf_.zoom(steps);
+    }
+    const int wanted = steps == 0 ? 0 : std::clamp(html_zoom_ + steps, -4, 20);
+    html_zoom_ = wanted;
+    QFont font = widget().font(); // sized in pixels, which the browser's own zoom does not take
+    font.setPixelSize(static_cast<int>(std::lround(font.pixelSize() * std::pow(1.15, html_zoom_))));
+    html_.setFont(font);
+}
+
+bool HTMLViewerWidget::eventFilter(QObject*, QEvent* event) {
+    const auto* wheel = dynamic_cast<QWheelEvent*>(event);
+    if (wheel == nullptr || (wheel->modifiers() & Qt::ControlModifier) == 0 || wheel->angleDelta().y() == 0) {
+        return false;
+    }
+    zoom(wheel->angleDelta().y() > 0 ? 1 : -1);
+    return true;
+}
+
+// The documents are only read: nothing is cut and nothing pasted.
+void HTMLViewerWidget::edit(EditCommand command) {
+    if (command == EditCommand::copy) {
+        shows_pdf() ? pdf_.copy() : html_.copy();
+    } else if (command == EditCommand::select_all) {
+        shows_pdf() ? pdf_.select_all() : html_.selectAll();
+    }
+}
+
+void HTMLViewerWidget::refresh_buttons() {
+    back_->setEnabled(shows_pdf() ? html_behind_ : html_.isBackwardAvailable());
+    forward_->setEnabled(!shows_pdf() && html_.isForwardAvailable());
+    page_number_->setText(
+        shows_pdf() ? QStringLiteral("Page %1 of %2").arg(pdf_.current_page() + 1).arg(pdf_.page_count()) : QString());
+}
+
+} // namespace tessit::qt

@@ -1,0 +1,257 @@
+// SPDX-License-Identifier: MIT
+#include "qt/pdf_page.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPdfPageNavigator>
+#include <QScreen>
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+
+namespace tessit::qt {
+
+PdfPage::PdfPage(QWidget& parent) : QPdfView(&parent) {
+    setPageMode(PageMode::MultiPage);
+    setZoomMode(ZoomMode::FitToWidth);
+    setDocument(&document_);
+    search_.setDocument(&document_);
+    setFocusPolicy(Qt::StrongFocus);
+    verticalScrollBar()->setSingleStep(40);
+}
+
+// The document goes before the view does, and tells the view of its closing.
+PdfPage::~PdfPage() {
+    on_scrolled = nullptr;
+    setDocument(nullptr);
+}
+
+bool PdfPage::open(const QString& path) {
+    close();
+    if (document_.load(path) != QPdfDocument::Error::None) {
+        return false;
+    }
+    setZoomMode(ZoomMode::FitToWidth);
+    verticalScrollBar()->setValue(0);
+    return true;
+}
+
+void PdfPage::close() {
+    clear_find();
+    selections_.clear();
+    press_.reset();
+    document_.close();
+}
+
+// The rules of Qt's own layout: margins around, a space between, each page in the middle.
+std::vector<QRect> PdfPage::page_places() const {
+    const double resolution = QGuiApplication::primaryScreen()->logicalDotsPerInch() / 72.0;
+    const QMargins margins = documentMargins();
+    const int room = viewport()->width() - margins.left() - margins.right();
+    std::vector<QRect> places;
+    int widest = 0;
+    for (int page = 0; page < document_.pageCount(); ++page) {
+        QSize size;
+        if (zoomMode() == ZoomMode::Custom) {
+            size = QSizeF(document_.pagePointSize(page) * resolution * zoomFactor()).toSize();
+        } else {
+            size = QSizeF(document_.pagePointSize(page) * resolution).toSize();
+            size *= static_cast<double>(room) / size.width();
+        }
+        widest = std::max(widest, size.width());
+        places.emplace_back(QPoint(0, 0), size);
+    }
+    const int width = std::max(widest + margins.left() + margins.right(), viewport()->width());
+    int top = margins.top();
+    for (QRect& place : places) {
+        place.moveTopLeft({(width - place.width()) / 2, top});
+        top += place.height() + pageSpacing();
+    }
+    return places;
+}
+
+double PdfPage::pixels_per_point(int page, const QRect& place) const {
+    return place.width() / document_.pagePointSize(page).width();
+}
+
+QRectF PdfPage::on_screen(int page, const QRectF& in_points) const {
+    const QRect place = page_places()[static_cast<std::size_t>(page)];
+    const double scale = pixels_per_point(page, place);
+    const QPointF scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    return {in_points.topLeft() * scale + place.topLeft() - scrolled, in_points.size() * scale};
+}
+
+std::optional<PdfPage::Spot> PdfPage::spot_at(const QPoint& in_viewport) const {
+    const QPoint point = in_viewport + QPoint(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    const auto places = page_places();
+    for (std::size_t page = 0; page < places.size(); ++page) {
+        if (places[page].contains(point)) {
+            const int number = static_cast<int>(page);
+            return Spot{number, QPointF(point - places[page].topLeft()) / pixels_per_point(number, places[page])};
+        }
+    }
+    return std::nullopt;
+}
+
+int PdfPage::current_page() const {
+    const auto places = page_places();
+    const int upper_edge = verticalScrollBar()->value() + viewport()->height() / 3;
+    const auto below =
+        std::find_if(places.begin(), places.end(), [&](const QRect& place) { return place.bottom() >= upper_edge; });
+    return static_cast<int>(std::min(below, places.end() - (places.empty() ? 0 : 1)) - places.begin());
+}
+
+bool PdfPage::find(const QString& text, bool backward, bool from_present_place) {
+    search_.setSearchString(text);
+    const int pages = document_.pageCount();
+    if (text.isEmpty() || pages == 0) {
+        clear_find();
+        return false;
+    }
+    const int begin = found_ ? found_->page() : current_page();
+    const int step = backward ? -1 : 1;
+    int index = found_ ? found_index_ + (from_present_place ? 0 : step) : (backward ? -2 : 0);
+    for (int turn = 0; turn <= pages; ++turn) {
+        const int page = ((begin + turn * step) % pages + pages) % pages;
+        const QList<QPdfLink> places = search_.resultsOnPage(page);
+        if (turn > 0 || index == -2) {
+            index = backward ? static_cast<int>(places.size()) - 1 : 0;
+        }
+        if (index >= 0 && index < places.size()) {
+            found_index_ = index;
+            show_place(places[index]);
+            return true;
+        }
+    }
+    clear_find();
+    return false;
+}
+
+void PdfPage::clear_find() {
+    found_.reset();
+    found_index_ = 0;
+    viewport()->update();
+}
+
+void PdfPage::show_place(const QPdfLink& place) {
+    found_ = place;
+    const QRectF shown = on_screen(place.page(), place.rectangles().isEmpty() ? QRectF(place.location(), QSizeF(1, 1))
+                                                                              : place.rectangles().front());
+    if (!QRectF(viewport()->rect()).contains(shown)) {
+        const auto to_middle = [](QScrollBar& bar, double from, double room) {
+            bar.setValue(bar.value() + static_cast<int>(std::lround(from - room / 2)));
+        };
+        to_middle(*verticalScrollBar(), shown.center().y(), viewport()->height());
+        to_middle(*horizontalScrollBar(), shown.center().x(), viewport()->width());
+    }
+    viewport()->update();
+}
+
+void PdfPage::copy() {
+    QStringList texts;
+    for (const Selection& selection : selections_) {
+        texts << selection.text.text();
+    }
+    if (!texts.isEmpty()) {
+        QGuiApplication::clipboard()->setText(texts.join('\n'));
+    }
+}
+
+void PdfPage::select_all() {
+    std::vector<Selection> all;
+    for (int page = 0; page < document_.pageCount(); ++page) {
+        all.push_back({page, document_.getAllText(page)});
+    }
+    select(std::move(all));
+}
+
+void PdfPage::select(std::vector<Selection> selections) {
+    selections_ = std::move(selections);
+    viewport()->update();
+}
+
+void PdfPage::zoom(int steps) {
+    constexpr double step = 1.2;
+    if (steps == 0) {
+        return setZoomMode(ZoomMode::FitToWidth);
+    }
+    const auto places = page_places();
+    if (places.empty()) {
+        return;
+    }
+    const double resolution = QGuiApplication::primaryScreen()->logicalDotsPerInch() / 72.0;
+    const double present = pixels_per_point(0, places.front()) / resolution;
+    const double part = static_cast<double>(verticalScrollBar()->value()) / std::max(1, verticalScrollBar()->maximum());
+    setZoomMode(ZoomMode::Custom);
+    setZoomFactor(std::clamp(present * std::pow(step, steps), 0.25, 5.0));
+    verticalScrollBar()->setValue(static_cast<int>(std::lround(part * verticalScrollBar()->maximum())));
+}
+
+void PdfPage::paintEvent(QPaintEvent* event) {
+    QPdfView::paintEvent(event);
+    QPainter painter(viewport());
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply); // pages are white, and their text stays legible
+    const auto mark = [&](int page, const QRectF& rect, const QColor& color) {
+        painter.fillRect(on_screen(page, rect).adjusted(-1, -1, 1, 1), color);
+    };
+    for (const Selection& selection : selections_) {
+        for (const QPolygonF& line : selection.text.bounds()) {
+            mark(selection.page, line.boundingRect(), QColor(0xA8D0FF));
+        }
+    }
+    if (found_) {
+        for (const QRectF& rect : found_->rectangles()) {
+            mark(found_->page(), rect, QColor(0xFFD84A));
+        }
+    }
+}
+
+void PdfPage::keyPressEvent(QKeyEvent* event) {
+    QScrollBar& bar = *verticalScrollBar();
+    if (event->matches(QKeySequence::Copy)) {
+        copy();
+    } else if (event->matches(QKeySequence::SelectAll)) {
+        select_all();
+    } else if (event->key() == Qt::Key_Home) {
+        bar.setValue(bar.minimum());
+    } else if (event->key() == Qt::Key_End) {
+        bar.setValue(bar.maximum());
+    } else if (event->key() == Qt::Key_Space) {
+        const bool back = (event->modifiers() & Qt::ShiftModifier) != 0;
+        bar.triggerAction(back ? QScrollBar::SliderPageStepSub : QScrollBar::SliderPageStepAdd);
+    } else {
+        QPdfView::keyPressEvent(event);
+    }
+}
+
+void PdfPage::wheelEvent(QWheelEvent* event) {
+    if ((event->modifiers() & Qt::ControlModifier) != 0 && event->angleDelta().y() != 0) {
+        return zoom(event->angleDelta().y() > 0 ? 1 : -1);
+    }
+    QPdfView::wheelEvent(event);
+}
+
+void PdfPage::mousePressEvent(QMouseEvent* event) {
+    press_ = event->button() == Qt::LeftButton ? spot_at(event->pos()) : std::nullopt;
+    select({});
+}
+
+void PdfPage::mouseMoveEvent(QMouseEvent* event) {
+    const auto here = spot_at(event->pos());
+    if (press_ && here && here->page == press_->page) {
+        select({{here->page, document_.getSelection(here->page, press_->place, here->place)}});
+    }
+}
+
+void PdfPage::scrollContentsBy(int dx, int dy) {
+    QPdfView::scrollContentsBy(dx, dy);
+    if (on_scrolled) {
+        on_scrolled();
+    }
+}
+
+} // namespace tessit::qt

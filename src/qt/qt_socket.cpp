@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "qt/qt_socket.h"
+
+#include <QCoreApplication>
+#include <QHostAddress>
+#include <QNetworkProxy>
+#include <QTcpSocket>
+
+namespace tessit::qt {
+
+namespace {
+
+constexpr int most_waiting = 1 << 20; // bytes; a server that never ends its line can't fill the memory
+
+class QtSocketLine : public SocketLine {
+public:
+    QtSocketLine(const std::string& address, int port, SocketOwner& owner) : owner_(owner) {
+        socket_.setProxy(QNetworkProxy::NoProxy);
+        socket_.setReadBufferSize(most_waiting);
+        const auto on = [this](auto signal, Notice notice) {
+            QObject::connect(&socket_, signal, &socket_, [this, notice] { tell(notice); });
+        };
+        on(&QTcpSocket::connected, &SocketOwner::connected);
+        on(&QTcpSocket::readyRead, &SocketOwner::data_available);
+        on(&QTcpSocket::errorOccurred, &SocketOwner::failed); // also when the other side ends the connection
+        QObject::connect(&socket_, &QTcpSocket::bytesWritten, &socket_, [this] {
+            if (socket_.bytesToWrite() == 0) {
+                tell(&SocketOwner::all_sent);
+            }
+        });
+        socket_.connectToHost(QString::fromStdString(address), static_cast<quint16>(port));
+    }
+
+    ~QtSocketLine() override {
+        socket_.disconnect();
+        socket_.abort();
+    }
+
+    void write(std::string_view bytes) override {
+        if (socket_.state() == QAbstractSocket::ConnectedState) {
+            socket_.write(bytes.data(), static_cast<qint64>(bytes.size()));
+        }
+    }
+
+    std::string waiting() override { return socket_.peek(socket_.bytesAvailable()).toStdString(); }
+
+    std::string read_all() override { return socket_.readAll().toStdString(); }
+
+    std::string local_address() override {
+        const QHostAddress address = socket_.localAddress();
+        return address.isNull() ? "" : address.toString().toStdString();
+    }
+
+private:
+    using Notice = void (SocketOwner::*)();
+
+    void tell(Notice notice) {
+        const std::weak_ptr<SocketOwner*> owner = alive_;
+        const auto call = [owner, notice] {
+            if (const auto told = owner.lock()) {
+                ((*told)->*notice)();
+            }
+        };
+        QMetaObject::invokeMethod(QCoreApplication::instance(), call, Qt::QueuedConnection);
+    }
+
+    SocketOwner& owner_;
+    const std::shared_ptr<SocketOwner*> alive_ = std::make_shared<SocketOwner*>(&owner_); // goes with this line
+    QTcpSocket socket_;
+};
+
+} // namespace
+
+std::unique_ptr<SocketLine> QtSockets::connect(const std::string& address, int port, SocketOwner& owner) {
+    return std::make_unique<QtSocketLine>(address, port, owner);
+}
+
+} // namespace tessit::qt

@@ -1,0 +1,308 @@
+// SPDX-License-Identifier: MIT
+// The help window with small documents: links, finding, zoom, keys, copying, and documents that are missing.
+#include "core/main_window.h"
+#include "fixture.h"
+#include "qt/html_viewer_widget.h"
+#include "support/help_window.h"
+
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QScrollBar>
+#include <QTemporaryDir>
+#include <QTextBrowser>
+
+namespace tessit::qt {
+
+namespace {
+
+constexpr const char* help_text = R"(<html><head><meta charset="utf-8"></head><body><h1>Help</h1>
+<p><a href="#end">end</a> <a href="second.html">second</a> <a href="manual.pdf">manual</a>
+<a href="https://www.example/x">outside</a> <a href="../secret.html">above</a> <a href="absent.html">absent</a></p>
+<p>a Generator &eacute;</p><pre>
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+
+</pre><h2><a name="end">End</a></h2><p>another generator</p></body></html>)";
+
+void write_text(const QString& path, const char* text) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(text);
+}
+
+void write_pdf(const QString& path) {
+    QPdfWriter writer(path);
+    writer.setPageSize(QPageSize(QPageSize::A4));
+    writer.setResolution(72);
+    QPainter painter(&writer);
+    painter.drawText(72, 72, "first generator");
+    painter.drawText(72, 700, "second generator");
+    writer.newPage();
+    painter.drawText(72, 72, "nothing here");
+    writer.newPage();
+    painter.drawText(72, 400, "third generator");
+}
+
+class HelpDesktop : public QtDesktop {
+public:
+    FolderItem program_folder() override { return FolderItem(folder.path().toStdString()); }
+    std::vector<FolderItem> document_folders() override { return {FolderItem(installed.path().toStdString())}; }
+    DialogAnswer show_dialog(const MessageDialog&) override { return DialogAnswer::action; } // of the first start
+
+    QTemporaryDir folder;
+    QTemporaryDir installed;
+};
+
+class Viewer : public testing::Test {
+protected:
+    Viewer() {
+        write_text(desktop.folder.filePath("HELP.html"), help_text);
+        write_text(desktop.folder.filePath("second.html"), "<p>second page</p>");
+        write_pdf(desktop.folder.filePath("manual.pdf"));
+        app.start();
+        open("HelpOpenHelpFile");
+        EXPECT_TRUE(QTest::qWaitForWindowActive(widget));
+    }
+
+    void open(const char* command) {
+        app.choose_menu(command);
+        widget = desktop.widget_of(app.helpWindow.get());
+    }
+    template <class W> W& find(const char* name) {
+        W* found = widget->findChild<W*>(QLatin1String(name));
+        EXPECT_NE(found, nullptr) << name;
+        return *found;
+    }
+    QTextBrowser& html() { return find<QTextBrowser>("HTMLV_html"); }
+    PdfPage& pdf() { return *dynamic_cast<PdfPage*>(&find<QPdfView>("HTMLV_pdf")); }
+    std::string told() { return find<QLabel>("HTMLV_notice").text().toStdString(); }
+    void follow(const char* link) { Q_EMIT html().anchorClicked(QUrl(QLatin1String(link))); }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(widget->focusWidget(), key, modifiers);
+    }
+    void type(const char* text) { QTest::keyClicks(widget->focusWidget(), QLatin1String(text)); }
+
+    HelpDesktop desktop;
+    App app{desktop, {.StageCode = Stage::beta}};
+    WindowWidget* widget = nullptr;
+};
+
+TEST_F(Viewer, FollowsLinksInsideAndGoesBack) {
+    EXPECT_TRUE(html().hasFocus());
+    QScrollBar& bar = *html().verticalScrollBar();
+    EXPECT_EQ(bar.value(), 0);
+    follow("#end");
+    EXPECT_GT(bar.value(), 0);
+    follow("second.html");
+    EXPECT_NE(html().toPlainText().indexOf("second page"), -1);
+    press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_NE(html().toPlainText().indexOf("another generator"), -1);
+    press(Qt::Key_Right, Qt::AltModifier);
+    EXPECT_NE(html().toPlainText().indexOf("second page"), -1);
+    follow("manual.pdf");
+    EXPECT_TRUE(pdf().isVisible());
+    EXPECT_TRUE(pdf().hasFocus());
+    press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_TRUE(html().isVisible());
+}
+
+TEST_F(Viewer, OpensNothingOutside) {
+    const char* const links[] = {"https://www.example/x", "mailto:a@b.example", "../secret.html", "file:///etc/passwd"};
+    for (const char* link : links) {
+        follow(link);
+        EXPECT_EQ(told().find("This link leads out of the document and is not opened: "), 0U) << link;
+        EXPECT_TRUE(html().source().toString().endsWith("HELP.html"));
+    }
+    follow("absent.html");
+    EXPECT_EQ(told().find("The file that this link leads to is not there: "), 0U);
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(find<QLabel>("HTMLV_notice").isVisible());
+}
+
+TEST_F(Viewer, FindsInHtmlAroundTheEnd) {
+    press(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(find<QLineEdit>("find_text").hasFocus());
+    type("generator");
+    const int first = html().textCursor().selectionStart();
+    EXPECT_EQ(html().textCursor().selectedText(), "Generator");
+    press(Qt::Key_F3);
+    const int second = html().textCursor().selectionStart();
+    EXPECT_GT(second, first);
+    press(Qt::Key_Return);
+    EXPECT_EQ(html().textCursor().selectionStart(), first);
+    press(Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(html().textCursor().selectionStart(), second);
+    type("x");
+    EXPECT_EQ(find<QLabel>("find_result").text(), "Not found");
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(html().hasFocus());
+    EXPECT_FALSE(find<QLineEdit>("find_text").isVisible());
+}
+
+TEST_F(Viewer, FindsInPdfAroundTheEnd) {
+    open("HelpDisplayManual");
+    QScrollBar& bar = *pdf().verticalScrollBar();
+    EXPECT_EQ(find<QLabel>("page_number").text(), "Page 1 of 3");
+    press(Qt::Key_F, Qt::ControlModifier);
+    type("generator");
+    EXPECT_EQ(find<QLabel>("find_result").text(), "");
+    EXPECT_EQ(bar.value(), 0);
+    press(Qt::Key_F3);
+    const int second = bar.value();
+    EXPECT_GT(second, 0);
+    press(Qt::Key_F3);
+    const int third = bar.value();
+    EXPECT_GT(third, second);
+    EXPECT_EQ(find<QLabel>("page_number").text(), "Page 3 of 3");
+    press(Qt::Key_F3);
+    EXPECT_LT(bar.value(), second);
+    press(Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(bar.value(), third);
+    press(Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(bar.value(), second);
+    type("x");
+    EXPECT_EQ(find<QLabel>("find_result").text(), "Not found");
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(pdf().hasFocus());
+}
+
+// The highlight lies on the text: the marked rectangle holds dark pixels, and its colour.
+TEST_F(Viewer, MarksWhereTheTextIsAtEveryZoom) {
+    open("HelpDisplayManual");
+    press(Qt::Key_F, Qt::ControlModifier);
+    type("third");
+    for (const int steps : {0, 1, -3}) {
+        pdf().zoom(steps);
+        press(Qt::Key_F3);
+        EXPECT_TRUE(eventually([&] {
+            const QImage image = pdf().viewport()->grab().toImage();
+            QRect marked;
+            int ink = 0;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x) {
+                    const QColor color = image.pixelColor(x, y);
+                    if (color.saturation() > 100 && color.lightness() > 120) {
+                        marked |= QRect(x, y, 1, 1);
+                    }
+                }
+            }
+            for (int y = marked.top(); y < marked.bottom(); ++y) {
+                for (int x = marked.left(); x < marked.right(); ++x) {
+                    ink += image.pixelColor(x, y).lightness() < 60 ? 1 : 0;
+                }
+            }
+            return marked.width() > 8 && ink > 10;
+        })) << steps;
+    }
+}
+
+TEST_F(Viewer, ScrollsZoomsAndCopiesByKeys) {
+    HTMLViewer& model = app.helpWindow->HTMLV;
+    const double size = html().fontMetrics().height();
+    press(Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_GT(html().fontMetrics().height(), size);
+    press(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(html().fontMetrics().height(), size);
+    press(Qt::Key_PageDown);
+    EXPECT_GT(html().verticalScrollBar()->value(), 0);
+    model.on_edit(EditCommand::select_all);
+    model.on_edit(EditCommand::copy);
+    EXPECT_NE(QGuiApplication::clipboard()->text().indexOf("another generator"), -1);
+
+    open("HelpDisplayManual");
+    QScrollBar& bar = *pdf().verticalScrollBar();
+    press(Qt::Key_Space);
+    const int a_page_down = bar.value();
+    EXPECT_GT(a_page_down, 0);
+    press(Qt::Key_End);
+    EXPECT_EQ(bar.value(), bar.maximum());
+    press(Qt::Key_Home);
+    EXPECT_EQ(bar.value(), 0);
+    const double factor = pdf().zoomFactor();
+    press(Qt::Key_Plus, Qt::ControlModifier);
+    press(Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_GT(pdf().zoomFactor(), factor);
+    press(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(pdf().zoomMode(), QPdfView::ZoomMode::FitToWidth);
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_C, Qt::ControlModifier);
+    const QString copied = QGuiApplication::clipboard()->text();
+    EXPECT_NE(copied.indexOf("first generator"), -1) << copied.toStdString();
+    EXPECT_NE(copied.indexOf("third generator"), -1);
+    model.on_edit(EditCommand::paste); // a document is only read
+    model.on_edit(EditCommand::cut);
+}
+
+TEST_F(Viewer, TellsWhereItLookedForAMissingDocument) {
+    for (const char* name : {"HELP.html", "manual.pdf"}) {
+        ASSERT_TRUE(QFile::remove(desktop.folder.filePath(name)));
+        open(QLatin1String(name).endsWith(QLatin1String("pdf")) ? "HelpDisplayManual" : "HelpOpenHelpFile");
+        const QString text = html().toPlainText();
+        EXPECT_TRUE(html().isVisible());
+        EXPECT_NE(text.indexOf(desktop.folder.filePath(name)), -1) << text.toStdString();
+        EXPECT_NE(text.indexOf(desktop.installed.filePath(name)), -1);
+    }
+    write_text(desktop.installed.filePath("HELP.html"), "<p>installed help</p>");
+    open("HelpOpenHelpFile");
+    EXPECT_NE(html().toPlainText().indexOf("installed help"), -1);
+    write_text(desktop.folder.filePath("manual.pdf"), "no PDF at all");
+    open("HelpDisplayManual");
+    EXPECT_NE(html().toPlainText().indexOf("can't be shown"), -1);
+    write_pdf(desktop.folder.filePath("manual.pdf"));
+    open("HelpDisplayManual"); // loaded again, it is there
+    EXPECT_TRUE(pdf().isVisible());
+    app.helpWindow->close_by_user();
+    EXPECT_FALSE(app.helpWindow.exists());
+}
+
+} // namespace
+
+} // namespace tessit::qt
