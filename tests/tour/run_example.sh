@@ -26,4 +26,5 @@ done
 records "$target/composed.zp2" | diff -u example/composed.hex - || status=1
 diff -u example/readback.tsv "$target/readback.tsv" || status=1
 tr '\r' '\n' <"$target/protocol.tab" | diff -u example/protocol-tab.txt - || status=1
+../../tools/pictures --check "$target" || status=1
 exit $status
