@@ -18,6 +18,8 @@ from .levels import read_levels
 
 EXAMPLE_LEVELS = Path(__file__).with_name("levels.tsv")
 EXAMPLE_LIST = Path(__file__).with_name("frequencies.csv")
+DOCUMENTS = ("HELP.html", "manual.pdf")
+PICTURES = "pictures"  # of the help
 HELP_ON_FILES = """\
 The levels file has a header and the columns wave, width, base, time, pulse, rate, duty, shape, output, set apart by
 tabs: 1 to 50 levels, times in MM:SS form, every value as the entry field takes it. An empty time, rate or base
@@ -55,9 +57,12 @@ def parse(words):
     parser.add_argument("folder", type=Path, help="where the tour leaves its files")
     parser.add_argument("--program", type=Path, required=True, help="tessit-control")
     parser.add_argument("--emulator", type=Path, required=True, help="zephon-emulator")
+    parser.add_argument("--loopback", type=Path,
+                        help="tessit-control-loopback; otherwise the one beside the program")
     parser.add_argument("--levels", type=Path, default=EXAMPLE_LEVELS, help="what to type")
     parser.add_argument("--list", type=Path, default=EXAMPLE_LIST, help="which list of frequencies to open")
     arguments = parser.parse_args(words)
+    arguments.loopback = arguments.loopback or arguments.program.with_name("tessit-control-loopback")
     for needed in (arguments.program, arguments.emulator):
         if not needed.is_file():
             parser.error(f"{needed} is not there; build it first")
@@ -90,7 +95,9 @@ def take_tour(arguments, levels, diary, folder):
     emulator = Emulator(arguments.emulator, folder / "emulator.log")
     diary.tell("The emulator tells:\n" + "\n".join(emulator.greeting))
     try:
-        tour = Tour(lambda: Desktop(start_program(arguments.program, folder)), emulator, diary, folder)
+        def starter(program):
+            return lambda: Desktop(start_program(program, folder))
+        tour = Tour(starter(arguments.program), starter(arguments.loopback), emulator, diary, folder)
         tour.run(levels, arguments.list)
     except Exception:
         with contextlib.suppress(TourError):
@@ -103,10 +110,17 @@ def take_tour(arguments, levels, diary, folder):
 def start_program(program, folder):
     """Starts a copy of the program in a folder of its own: the user's settings are neither used nor touched.
 
-    A second start is in the same folder, with the settings that the first left there.
+    Its documents go with it. A second start is in the same folder, with the settings that the first left there.
     """
+    if not program.is_file():
+        raise TourError(f"{program} is not there; build it first")
     place = folder / "program"
     place.mkdir(exist_ok=True)
+    for document in DOCUMENTS:
+        if (program.parent / document).is_file():
+            shutil.copy2(program.parent / document, place)
+    if (program.parent / PICTURES).is_dir():
+        shutil.copytree(program.parent / PICTURES, place / PICTURES, dirs_exist_ok=True)
     copy = shutil.copy2(program, place)
     with open(folder / "program.log", "ab") as log:
         return children.start([copy], cwd=folder, stdout=log, stderr=log)

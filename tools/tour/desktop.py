@@ -55,6 +55,17 @@ class Control:
         return self._read(lambda node: Atspi.Text.get_text(node, 0, -1), "")
 
     @property
+    def selected_text(self):
+        """The selected part of a text."""
+        range_ = self._read(lambda node: Atspi.Text.get_selection(node, 0), None)
+        return self.text[range_.start_offset:range_.end_offset] if range_ else ""
+
+    def bold_at(self, offset):
+        """Whether a character of a text is bold."""
+        styles = self._read(lambda node: Atspi.Text.get_attribute_run(node, offset, True)[0], {})
+        return styles.get("weight") == "bold"
+
+    @property
     def place(self):
         """Left, top, width and height on the screen."""
         box = self._read(lambda node: Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN), None)
@@ -242,9 +253,9 @@ class Desktop:
             self.click(field, f'the keyboard to go to "{field.label}"', lambda: field.has(State.FOCUSED))
 
     @staticmethod
-    def press_key(key):
-        """Presses a key; where it goes, and what it does, is for the caller to wait for."""
-        act("key", key)
+    def press_key(*keys):
+        """Presses keys one after the other; where they go, and what they do, is for the caller to wait for."""
+        act("key", *keys)
 
     def fill(self, field, text):
         """Types a text over what stands in a field."""

@@ -6,7 +6,9 @@ import time
 
 
 LEFT = ("protocol.zp2", "table.tsv", "bank.hex", "readback.tsv", "protocol.tab", "list.txt", "duplicates.txt",
-        "primes.tsv", "composed.zp2", "bank8.hex", "tour.log", "display.log", "emulator.log", "program.log")
+        "primes.tsv", "composed.zp2", "bank8.hex", "editor.pdf", "composer.pdf", "list.pdf", "reading.pdf",
+        "editor-page.png", "composer-page.png", "list-page.png", "reading-page.png", "feedback.eml", "contact.eml",
+        "online-help.eml", "tour.log", "display.log", "emulator.log", "program.log", "mail-server.log")
 
 
 class Diary:

@@ -9,7 +9,8 @@ from pathlib import Path
 from . import TourError, children
 
 SCREEN = "1280x1024x24"
-NEEDED = ("Xvfb", "openbox", "dbus-daemon", "xdotool", "xwininfo", "import")
+NEEDED = ("Xvfb", "openbox", "dbus-daemon", "xdotool", "xwininfo", "import", "pdftotext", "pdftohtml",
+          "pdftoppm", "pdfinfo")
 
 
 def start_display(folder):

@@ -10,6 +10,7 @@ import time
 from . import TourError, display
 from .desktop import State, selected
 from .places import COMPOSER, CONSOLIDATOR, EDITOR, MAIN
+from .printing import Printing
 
 NAME = "frequencies"  # of the opened file, and so of the protocol
 LIST_BANK = 8
@@ -53,6 +54,7 @@ class Lists:
             self.diary.tell("The generator would not accept half a level: nothing is loaded")
         else:
             self.load()
+            Printing(self.tour).print_composer()
         self.close_composer()
 
     # The consolidator
@@ -85,11 +87,12 @@ class Lists:
                            lambda: listed.text != before)
 
     def leave_lists(self, window):
-        """Leaves the list and the report of what was removed, as the fields show them."""
+        """Leaves the list and the report of what was removed, as the fields show them, and the list printed."""
         for name, label in (("list.txt", "Frequency List"), ("duplicates.txt", "Duplicates")):
             text = self.desktop.control(window, "text", label).text
             (self.diary.folder / name).write_bytes(text.encode())
             self.diary.tell(f"{label}: {text or '(nothing)'}")
+        Printing(self.tour).print_list()
 
     def hand_over(self):
         """Presses "Compose Protocol": the composer comes up in the consolidator's place."""

@@ -6,5 +6,6 @@ EDITOR = "Zephon Protocol Editor"
 READER = "Read Zephon Data"
 CONSOLIDATOR = "Frequency Consolidator"
 COMPOSER = "Protocol Composer"
+HELP = "Help"
 PORT = "Zephon emulator"
 BANK = 7

@@ -5,6 +5,7 @@ import shutil
 
 from . import TourError
 from .places import BANK, EDITOR, MAIN, READER
+from .printing import Printing
 
 INSERTED = "15.5"  # the base frequency of the level that goes between the first two
 PREFERRED_WIDTH = "4"
@@ -23,6 +24,7 @@ class Reading:
     def run(self):
         """All steps in order, up to the end of the program's first run."""
         self.read_back()
+        Printing(self.tour).print_reading()
         self.take_over()
         self.change_rows()
         self.export()

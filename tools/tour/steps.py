@@ -5,9 +5,12 @@ import re
 import shutil
 
 from . import TourError, display, xwindows
+from .documents import Documents
 from .lists import Lists
 from .places import BANK, EDITOR, MAIN, PORT
+from .printing import Printing
 from .reading import Reading
+from .support import Support
 
 NAME = "Tour"
 LISTS = {"wave": "Wave Type", "width": "Width", "pulse": "Pulsing", "duty": "Duty Cycle", "shape": "Wave Shape",
@@ -20,11 +23,13 @@ LOADING_PATIENCE = 120.0  # seconds; a load takes about six
 class Tour:
     """Everything that a step needs: the program on its desktop, the emulator, the diary and the files' folder.
 
-    "start_program" gives the desktop of a new run of the program in the folder of the run before.
+    "start_program" gives the desktop of a new run of the program in the folder of the run before, "start_loopback"
+    that of the program whose mails stay on this machine.
     """
 
-    def __init__(self, start_program, emulator, diary, files):
+    def __init__(self, start_program, start_loopback, emulator, diary, files):
         self.start_program = start_program
+        self.start_loopback = start_loopback
         self.desktop = start_program()
         self.emulator = emulator
         self.diary = diary
@@ -38,6 +43,7 @@ class Tour:
         Lists(self, list_file).run()
         self.create()
         self.enter(levels)
+        Printing(self).print_editor()
         self.save()
         self.quit_editor()
         self.open()
@@ -52,6 +58,10 @@ class Tour:
         self.desktop = self.start_program()
         reading.check_kept(self.desktop)
         self.load_from_file()
+        Documents(self).run()
+        self.exit()
+        self.desktop = self.start_loopback()
+        Support(self).run()
         self.exit()
 
     def picture(self, name, window=None):
