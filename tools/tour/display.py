@@ -9,7 +9,8 @@ from pathlib import Path
 from . import TourError, children
 
 SCREEN = "1280x1024x24"
-NEEDED = ("Xvfb", "openbox", "dbus-daemon", "xdotool", "xwininfo", "import", "pdftotext", "pdftohtml",
+LAYOUTS = "us,ru"  # else xdotool changes the keyboard for each foreign letter, quicker than programs notice
+NEEDED = ("Xvfb", "setxkbmap", "openbox", "dbus-daemon", "xdotool", "xwininfo", "import", "pdftotext", "pdftohtml",
           "pdftoppm", "pdfinfo")
 
 
@@ -27,6 +28,7 @@ def start_display(folder):
     })
     with open(folder / "display.log", "ab") as log:
         start_x(log)
+        subprocess.run(["setxkbmap", LAYOUTS], stdout=log, stderr=log, stdin=subprocess.DEVNULL, check=True, timeout=60)
         start_bus(log)
         children.start(["openbox"], stdout=log, stderr=log)
 

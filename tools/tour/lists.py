@@ -49,12 +49,12 @@ class Lists:
         self.put_in_order()
         self.hand_over()
         self.enter_all()
+        Printing(self.tour).print_composer()
         self.save()
         if self.warned:
             self.diary.tell("The generator would not accept half a level: nothing is loaded")
         else:
             self.load()
-            Printing(self.tour).print_composer()
         self.close_composer()
 
     # The consolidator

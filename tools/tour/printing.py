@@ -33,7 +33,10 @@ class Printing:
         self.check("list", self.desktop.control(window, "text", "Protocol Name").text, ", ".join(first), FOOTER)
 
     def print_composer(self):
-        """The composer's levels, under the footer of the print before."""
+        """The composer's levels, under the footer of the print before.
+
+        While the editor stands behind the composer, it would be the editor that is printed.
+        """
         window = self.desktop.window(COMPOSER)
         self.print("composer", self.set_up(window, PAGE_SETUP))
         table = self.desktop.control(window, "table", "Protocol")
@@ -113,7 +116,7 @@ class Printing:
 
     def check_levels(self, name, table, totals):
         """Every level begins a line of its own, in order, and the totals come behind them."""
-        firsts = [line.split()[0] for line in page_lines(self.folder / f"{name}.pdf")]
+        firsts = [line.split()[0] for line in self.lines(name, "-layout")]
         numbers = [str(row) for row in range(1, table.row_count())]
         wanted = ["Level", *numbers, "Total"]
         begin = firsts.index("Level") if "Level" in firsts else 0
@@ -122,17 +125,16 @@ class Printing:
         self.check(name, totals)
 
     def check(self, name, *texts):
-        """All texts stand on the page."""
-        page = "\n".join(page_lines(self.folder / f"{name}.pdf"))
+        """All texts stand on the page, each for itself, whatever it runs into."""
+        page = "\n".join(self.lines(name, "-raw"))
         for text in texts:
             if text not in page:
                 raise TourError(f'"{text}" does not stand in {name}.pdf')
 
-
-def page_lines(pdf):
-    """The lines of a page that are not blank, with single blanks between their words."""
-    lines = (" ".join(line.split()) for line in told_by("pdftotext", "-layout", pdf, "-").splitlines())
-    return [line for line in lines if line]
+    def lines(self, name, order):
+        """The lines of a page that are not blank, with single blanks between their words."""
+        told = told_by("pdftotext", order, self.folder / f"{name}.pdf", "-")
+        return [" ".join(line.split()) for line in told.splitlines() if line.strip()]
 
 
 def told_by(*command):
