@@ -126,6 +126,7 @@ void HTMLViewerWidget::show_values() {
     }
     loads_shown_ = viewer_.loads();
     tell("");
+    find_bar_.tell(true); // what it told was about the document before
     html_behind_ = false;
     if (!viewer_.page()) {
         return show_missing();

@@ -210,6 +210,8 @@ TEST_F(Viewer, FindsInPdfAroundTheEnd) {
     EXPECT_EQ(bar.value(), second);
     type("x");
     EXPECT_EQ(find<QLabel>("find_result").text(), "Not found");
+    open("HelpDisplayManual");
+    EXPECT_EQ(find<QLabel>("find_result").text(), "");
     press(Qt::Key_Escape);
     EXPECT_TRUE(pdf().hasFocus());
 }
