@@ -9,7 +9,7 @@ target=$2
 cd "$(dirname "$0")"
 
 PYTHONDONTWRITEBYTECODE=1 PYTHONPATH=../../tools /usr/bin/python3 -m tour "$target" \
-    --program "$bin/tessit-control" --emulator "$bin/zephon-emulator"
+    --program "$bin/tessit-control" --loopback "$bin/tessit-control-loopback" --emulator "$bin/zephon-emulator"
 
 # The records of a protocol file, a line each.
 records() {

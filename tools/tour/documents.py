@@ -48,6 +48,8 @@ class Documents:
         self.tour.picture("word found", self.window)
         self.desktop.fill(field, NO_WORD)
         self.desktop.wait('the words "Not found"', lambda: self.window.find("label", "Not found"))
+        self.desktop.press_key("Escape")
+        self.desktop.wait("the find bar to go", lambda: not field.shown)
         self.tour.diary.tell(f'Found "{WORD}" in the help, and no "{NO_WORD}"')
 
     def display_manual(self):

@@ -51,7 +51,7 @@ class Printing:
         self.desktop.fill(self.desktop.control(setup, "text", "Footer"), FOOTER)
         self.write_heading(setup, name)
         self.tour.picture("page setup", setup)
-        self.print("editor", setup)
+        self.print("editor", setup, lambda dialog: self.tour.picture("print dialog", dialog))
         table = self.desktop.control(window, "table", "Protocol Listing")
         self.check_levels("editor", table, self.totals(window, "Total Freqs.", "Total Bank Time"))
         self.check("editor", name + BEHIND_NAME, FOOTER)
@@ -87,15 +87,17 @@ class Printing:
         bold = self.desktop.control(setup, "push button", "Header Bold")
         self.desktop.click(bold, "the name in bold", lambda: heading.bold_at(0) and not heading.bold_at(len(name)))
 
-    def print(self, name, setup):
-        """Presses "Print" and sends the page to a PDF file with the system's dialog; a picture of it comes too."""
+    def print(self, name, setup, before=lambda dialog: None):
+        """Presses "Print" and sends the page to a PDF file; "before" sees the print dialog filled in.
+
+        A picture of the page comes beside it.
+        """
         target = self.folder / f"{name}.pdf"
         dialog = self.desktop.click(self.desktop.control(setup, "push button", "Print"), "the print dialog",
                                     self.print_dialog)
         self.desktop.choose(self.desktop.control(dialog, "combo box", "Name"), PRINTER)
         self.desktop.fill(self.desktop.control(dialog, "text", "Output file"), str(target))
-        if name == "editor":
-            self.tour.picture("print dialog", dialog)
+        before(dialog)
         self.desktop.click(self.desktop.control(dialog, "push button", "Print"), "the print dialog to close",
                            lambda: not dialog.shown)
         self.desktop.wait("the printed file", target.exists)
