@@ -5,6 +5,24 @@
 
 namespace tessit {
 
+namespace {
+
+constexpr const char* main_title = "Tessit Control";
+
+} // namespace
+
+std::string title_of_last_document(const Application& app, MainPanel main_panel) {
+    std::string title;
+    for (int i = 0; i < app.WindowCount(); ++i) {
+        const Window& window = app.Window(i);
+        const bool passed_over = main_panel == MainPanel::is_passed_over && window.Title() == main_title;
+        if (window.Visible() && window.Frame() == 0 && !passed_over) {
+            title = window.Title();
+        }
+    }
+    return title;
+}
+
 void set_up_report_columns(AppState& state) {
     state.cwidth = Split(report_column_widths, ",");
     for (int i = 0; i < column::count; ++i) {

@@ -4,7 +4,10 @@
 
 #include "codec/encoder.h"
 #include "core/app_state.h"
+#include "platform/application.h"
 #include "platform/listbox.h"
+
+#include <string>
 
 namespace tessit {
 
@@ -16,6 +19,12 @@ public:
     virtual int last_level_row() = 0;           // levels are rows 1 to this one
     virtual EncodingRules encoding_rules() = 0; // how this window's texts become bytes
 };
+
+// Two commands look for a document by title and differ in whether the main panel can be that document.
+enum class MainPanel { counts, is_passed_over };
+
+// The title of the last visible document window in the list, which need not be the one in front. Empty for none.
+std::string title_of_last_document(const Application& app, MainPanel main_panel);
 
 // The printed report's column widths and alignments, which every level table sets when it opens.
 void set_up_report_columns(AppState& state);

@@ -60,6 +60,8 @@ void App::_ApplicationAddMenuHandlers() {
     bind("FileOpen", &App::_FileOpen_Action);
     bind("FileSave", &App::_FileSave_Action);
     bind("FileExport", &App::_FileExport_Action);
+    bind("FilePageSetup", &App::_FilePageSetup_Action);
+    bind("FilePrint", &App::_FilePrint_Action);
     bind("FileQuitEditor", &App::_FileQuitEditor_Action);
     bind("FileExitProgram", &App::_FileExitProgram_Action);
     bind("ZephonLoadDirect", &App::_ZephonLoadDirect_Action);

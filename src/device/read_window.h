@@ -15,7 +15,7 @@ class ReadWindow : public Window, public DocumentWindow {
 public:
     explicit ReadWindow(App& owner)
         : Window(owner, {.name = "ReadZPWindow",
-                         .title = "Read Zephon",
+                         .title = "Read Zephon Data",
                          .width = 890,
                          .height = 560,
                          .frame = WindowFrame::document,

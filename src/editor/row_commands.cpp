@@ -13,19 +13,6 @@ namespace {
 
 constexpr const char* editor_title = "Zephon Protocol Editor";
 constexpr const char* composer_title = "Protocol Composer";
-constexpr const char* main_title = "Tessit Control";
-
-// The title of the last document window in the list, which need not be the one in front.
-std::string title_of_last_document(const App& app) {
-    std::string title;
-    for (int i = 0; i < app.WindowCount(); ++i) {
-        const Window& window = app.Window(i);
-        if (window.Visible() && window.Frame() == 0 && window.Title() != main_title) {
-            title = window.Title();
-        }
-    }
-    return title;
-}
 
 void remove_selected_level(Listbox& table) {
     if (table.ListIndex() > 0) {
@@ -85,7 +72,7 @@ bool App::_EditDeleteRow_Action() {
 }
 
 bool App::_EditInsertRow_Action() {
-    const std::string title = title_of_last_document(*this);
+    const std::string title = title_of_last_document(*this, MainPanel::is_passed_over);
     if (same_text(title, editor_title)) {
         Listbox& table = editwindow->edit_displayBox;
         if (table.ListIndex() > 0) {

@@ -64,6 +64,11 @@ FolderItem Application::GetFolderItem(const std::string& name) const {
     return name.empty() ? desktop_.program_folder() : desktop_.program_folder().Child(name);
 }
 
+const std::string& Application::Font(int index) const {
+    const auto& fonts = desktop_.fonts();
+    return fonts[checked_index(index, fonts.size())];
+}
+
 void Application::Beep() {
     desktop_.Beep();
 }

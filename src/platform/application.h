@@ -66,6 +66,10 @@ public:
     std::optional<FolderItem> GetOpenFolderItem(const FileType& type); // none: dismissed
     std::optional<FolderItem> GetSaveFolderItem(const FileType& type, const std::string& default_name);
     FolderItem GetFolderItem(const std::string& name) const; // in the program's folder; itself for an empty name
+    std::unique_ptr<Graphics> OpenPrinterDialog() { return desktop_.choose_printer(); } // null: dismissed
+    int FontCount() const { return static_cast<int>(desktop_.fonts().size()); }
+    const std::string& Font(int index) const; // Fault out_of_bounds beyond the list
+    Date current_date() const { return desktop_.current_date(); }
     void Beep();
     Microseconds now() { return desktop_.clock().now(); }
     void wait(Microseconds duration) { tessit::wait(desktop_.clock(), duration); }

@@ -8,11 +8,15 @@
 
 namespace tessit {
 
+// The keys that click a button while no other control uses them.
+enum class ButtonKey { none, enter, escape };
+
 struct PushButtonDesign {
     const char* caption = "";
     std::function<void()> on_action{};
     std::function<bool()> on_mouse_down{}; // true: the press is used up and no Action follows
     int text_size = 0;                     // in points; 0 for the system's size
+    ButtonKey key = ButtonKey::none;
 };
 
 class PushButton : public Control {

@@ -10,7 +10,8 @@ namespace tessit {
 
 PopupMenu::PopupMenu(Window& window, const ControlDesign& design, ChoiceDesign own)
     : Control(window, design), items_(std::move(own.items)), list_index_(own.list_index),
-      text_(list_index_ < 0 ? "" : List(list_index_)), on_change_(std::move(own.on_change)) {}
+      text_(list_index_ < 0 ? "" : List(list_index_)), on_change_(std::move(own.on_change)),
+      on_text_change_(std::move(own.on_text_change)) {}
 
 const std::string& PopupMenu::List(int index) const {
     return items_[checked_index(index, items_.size())];
@@ -39,13 +40,17 @@ void PopupMenu::SetListIndex(int index) {
 
 void PopupMenu::set(int index, std::string text) {
     const bool changed = index != list_index_;
-    if (changed || text != text_) {
+    const bool text_changed = text != text_;
+    if (changed || text_changed) {
         list_index_ = index;
         text_ = std::move(text);
         show_change();
     }
     if (changed) {
         raise("Change", on_change_);
+    }
+    if (text_changed) {
+        raise("TextChange", on_text_change_);
     }
 }
 

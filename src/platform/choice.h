@@ -15,6 +15,7 @@ struct ChoiceDesign {
     std::vector<std::string> items{};
     int list_index = -1;
     std::function<void()> on_change{};
+    std::function<void()> on_text_change{}; // every change of the text, also to another that is in no list
 };
 
 class PopupMenu : public Control {
@@ -42,6 +43,7 @@ private:
     int list_index_ = -1;
     std::string text_;
     const std::function<void()> on_change_;
+    const std::function<void()> on_text_change_;
 };
 
 class ComboBox : public PopupMenu {

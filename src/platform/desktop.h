@@ -4,12 +4,15 @@
 #pragma once
 
 #include "platform/clock.h"
+#include "platform/date.h"
 #include "platform/dialogs.h"
 #include "platform/fault.h"
+#include "platform/graphics.h"
 #include "platform/serial.h"
 #include "platform/socket.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,8 +36,11 @@ public:
     virtual DialogAnswer show_dialog(const MessageDialog& dialog) = 0;
     virtual std::optional<FolderItem> choose_open_file(const FileRequest& request) = 0;
     virtual std::optional<FolderItem> choose_save_file(const FileRequest& request) = 0;
+    virtual std::unique_ptr<Graphics> choose_printer() = 0; // null: dismissed
     virtual void show_fault(const FaultReport& report) = 0;
     virtual void Beep() = 0;
+    virtual Date current_date() = 0;
+    virtual const std::vector<std::string>& fonts() = 0;     // names of font families
     virtual std::optional<std::string> clipboard_text() = 0; // none where the clipboard holds no text
     virtual void set_clipboard_text(const std::string& text) = 0;
     virtual void call_soon(std::function<void()> call) = 0; // from the event loop, when nothing else runs

@@ -8,7 +8,7 @@
 namespace tessit {
 
 EditField::EditField(Window& window, const ControlDesign& design, EditFieldDesign own)
-    : Control(window, design), own_(std::move(own)), text_(accepted(own_.text)) {}
+    : Control(window, design), own_(std::move(own)), styled_(accepted(own_.text)), text_size_(own_.text_size) {}
 
 std::string EditField::accepted(std::string_view text) const {
     std::string result = with_carriage_returns(text);
@@ -16,31 +16,74 @@ std::string EditField::accepted(std::string_view text) const {
 }
 
 void EditField::SetText(std::string_view text) {
-    std::string next = accepted(text);
-    if (next != text_) {
-        text_ = std::move(next);
+    take(tessit::StyledText(accepted(text)));
+}
+
+void EditField::SetStyledText(tessit::StyledText text) {
+    take(std::move(text));
+}
+
+void EditField::take(tessit::StyledText next) {
+    if (next == styled_) {
+        return;
+    }
+    const bool text_differs = next.Text() != Text();
+    styled_ = std::move(next);
+    if (text_differs) {
+        chosen_style_.reset();
         select({.start = selection_.start});
-        show_change();
+    }
+    show_change();
+    if (text_differs) {
         raise("TextChange", own_.on_text_change);
     }
 }
 
+void EditField::SetTextSize(int points) {
+    if (points != text_size_) {
+        text_size_ = points;
+        show_change();
+    }
+}
+
+TextStyle EditField::input_style() const {
+    return chosen_style_.value_or(styled_.style_for_input(selection_.start));
+}
+
+void EditField::toggle(bool TextStyle::*property) {
+    const auto [start, length] = selection_;
+    if (length == 0) {
+        TextStyle style = input_style();
+        style.*property = !(style.*property);
+        chosen_style_ = style;
+        return show_change();
+    }
+    tessit::StyledText next = styled_;
+    next.set(start, length, property, !next.all(start, length, property));
+    take(std::move(next));
+}
+
 void EditField::select(TextSelection selection) {
-    const int length = Len(text_);
-    selection_.start = std::clamp(selection.start, 0, length);
-    selection_.length = std::clamp(selection.length, 0, length - selection_.start);
+    const int length = Len(Text());
+    selection.start = std::clamp(selection.start, 0, length);
+    selection.length = std::clamp(selection.length, 0, length - selection.start);
+    if (selection != selection_) {
+        selection_ = selection;
+        chosen_style_.reset();
+    }
 }
 
 std::string EditField::SelText() const {
-    return Mid(text_, selection_.start, selection_.length);
+    return Mid(Text(), selection_.start, selection_.length);
 }
 
 void EditField::SetSelText(std::string_view text) {
     const int start = selection_.start;
-    const int behind = start + selection_.length;
-    const std::string before = Mid(text_, 0, start) + accepted(text);
-    SetText(before + Mid(text_, behind, Len(text_) - behind));
-    select({.start = Len(before)});
+    const std::string put_in = accepted(text);
+    tessit::StyledText next = styled_;
+    next.replace(start, selection_.length, put_in, input_style());
+    take(std::move(next));
+    select({.start = start + Len(put_in)});
 }
 
 bool EditField::key_down(const std::string& key) {
@@ -55,7 +98,7 @@ void EditField::type(std::string_view text) {
     from_user("KeyDown", [&] {
         for (const std::string& character : characters(text)) {
             if (usable() && !key_down(character)) {
-                edit(text_ + character);
+                edit(Text() + character);
             }
         }
     });
@@ -64,20 +107,26 @@ void EditField::type(std::string_view text) {
 void EditField::press(int key) {
     from_user("KeyDown", [&] {
         if (!key_down(ChrB(key)) && own_.multiline && key == keys::return_) {
-            edit(text_ + carriage_return);
+            edit(Text() + carriage_return);
         }
     });
 }
 
 void EditField::edit(std::string_view text) {
+    tessit::StyledText next = styled_;
+    next.change_to(accepted(text), chosen_style_);
+    edit(next);
+}
+
+void EditField::edit(const tessit::StyledText& text) {
     if (!usable() || own_.read_only) {
         return show_change();
     }
-    std::string next = accepted(text);
-    if (own_.limit_text > 0 && Len(next) > own_.limit_text && Len(next) > Len(text_)) {
+    const int length = Len(text.Text());
+    if (own_.limit_text > 0 && length > own_.limit_text && length > Len(Text())) {
         return show_change();
     }
-    from_user("TextChange", [&] { SetText(next); });
+    from_user("TextChange", [&] { take(text); });
 }
 
 void EditField::leave() {

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
-// A text field. LF and CR LF become CR as text comes in; a single-line field holds no line end at all.
+// A text field. LF and CR LF become CR as text comes in; a single-line field holds no line end at all. Every field's
+// text has styles, which the printed page shows; in the window a styled field shows them.
 #pragma once
 
 #include "platform/control.h"
+#include "platform/styled_text.h"
 
+#include <optional>
 #include <string_view>
 
 namespace tessit {
@@ -14,7 +17,8 @@ struct EditFieldDesign {
     Align align = Align::standard;
     bool read_only = false;
     bool multiline = false;
-    int text_size = 0; // in points; 0 for the system's size
+    bool styled = false; // shows styles; only where multiline
+    int text_size = 0;   // in points; 0 for the system's size
     Color back_color{0xFFFFFF};
     std::function<bool(const std::string& key)> on_key_down{}; // true: the key is used up
     std::function<void()> on_text_change{};
@@ -32,8 +36,9 @@ class EditField : public Control {
 public:
     EditField(Window& window, const ControlDesign& design, EditFieldDesign own = {});
 
-    const std::string& Text() const { return text_; }
-    void SetText(std::string_view text); // raises TextChange when the text differs; the limit is the user's alone
+    const std::string& Text() const { return styled_.Text(); }
+    // In the plain style. Raises TextChange when the text differs; the limit is the user's alone.
+    void SetText(std::string_view text);
     const EditFieldDesign& own() const { return own_; }
 
     // What the user has selected; a place between characters where the length is 0. A text set by the program leaves
@@ -43,22 +48,39 @@ public:
     std::string SelText() const;
     void SetSelText(std::string_view text); // in place of the selection, which is then the place behind it
 
+    int TextSize() const { return text_size_; } // of characters whose style has no size; 0 for the system's
+    void SetTextSize(int points);
+    const tessit::StyledText& StyledText() const { return styled_; }
+    void SetStyledText(tessit::StyledText text);
+    // Puts the style on, or off where all that is selected has it. With an empty selection it is for what is typed
+    // next.
+    void ToggleSelectionBold() { toggle(&TextStyle::bold); }
+    void ToggleSelectionItalic() { toggle(&TextStyle::italic); }
+    void ToggleSelectionUnderline() { toggle(&TextStyle::underline); }
+    const std::optional<TextStyle>& chosen_style() const { return chosen_style_; } // of what is typed next
+
     // User input. `type` sends each character through KeyDown and then to the end of the text; `press` sends a key
     // that is no character. `key_down` is KeyDown alone: true when the key is used up. `edit` is the whole text as
-    // the user changed it in a widget.
+    // the user changed it in a widget, with its styles where the widget has them.
     void type(std::string_view text);
     void press(int key);
     bool key_down(const std::string& key);
     void edit(std::string_view text);
-    void select(TextSelection selection); // kept within the text
+    void edit(const tessit::StyledText& text); // with CR as its line end
+    void select(TextSelection selection);      // kept within the text
     void leave();
 
 private:
     std::string accepted(std::string_view text) const;
+    void take(tessit::StyledText next);
+    void toggle(bool TextStyle::*property);
+    TextStyle input_style() const;
 
     const EditFieldDesign own_;
-    std::string text_;
+    tessit::StyledText styled_;
+    int text_size_;
     TextSelection selection_;
+    std::optional<TextStyle> chosen_style_; // at this place; none: that of the text there
 };
 
 } // namespace tessit

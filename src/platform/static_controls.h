@@ -36,6 +36,11 @@ private:
     std::string text_;
 };
 
+class Line : public Control { // a separator
+public:
+    using Control::Control;
+};
+
 class GroupBox : public Control {
 public:
     GroupBox(Window& window, const ControlDesign& design, const char* caption)

@@ -36,6 +36,7 @@ void leave_one_tab_stop(const QButtonGroup& group) {
 PushButtonWidget::PushButtonWidget(PushButton& button, QWidget& parent)
     : ControlWidget(button, *new QPushButton(&parent)), button_(button), widget_(static_cast<QPushButton&>(widget())) {
     widget_.setAutoDefault(true); // Return clicks it while it has the focus
+    widget_.setDefault(button.own().key == ButtonKey::enter);
     set_text_size(button.own().text_size);
     connect(&widget_, &QPushButton::clicked, this, [this] { tell([this] { button_.click(); }); });
 }

@@ -3,6 +3,7 @@
 
 #include "qt/widget_text.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QStyle>
@@ -63,6 +64,8 @@ void PopupMenuWidget::show_items() {
     if (!same) {
         box_.clear();
         box_.addItems(items);
+        constexpr int scroll_bar = 20; // the list may be wider than the box, so that no name is cut
+        box_.view()->setMinimumWidth(box_.view()->sizeHintForColumn(0) + scroll_bar);
     }
 }
 

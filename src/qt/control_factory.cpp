@@ -2,12 +2,14 @@
 #include "qt/control_factory.h"
 
 #include "platform/fault.h"
+#include "qt/bevel_button_widget.h"
 #include "qt/button_widgets.h"
 #include "qt/choice_widgets.h"
 #include "qt/edit_field_widget.h"
 #include "qt/html_viewer_widget.h"
 #include "qt/listbox_widget.h"
 #include "qt/static_widgets.h"
+#include "qt/styled_field_widget.h"
 
 #include <QLineEdit>
 
@@ -25,6 +27,9 @@ bool make_if(Control& control, QWidget& parent, std::unique_ptr<ControlWidget>& 
 }
 
 std::unique_ptr<ControlWidget> make_field(EditField& field, QWidget& parent) {
+    if (field.own().styled) {
+        return std::make_unique<StyledFieldWidget>(field, parent);
+    }
     if (field.own().multiline) {
         return std::make_unique<TextFieldWidget>(field, parent);
     }
@@ -53,7 +58,8 @@ std::unique_ptr<ControlWidget> make_control_widget(Control& control, QWidget& pa
         make_if<PopupMenuWidget, PopupMenu>(control, parent, made) ||
         make_if<PushButtonWidget, PushButton>(control, parent, made) ||
         make_if<RadioButtonWidget, RadioButton>(control, parent, made) ||
-        make_if<ListboxWidget, Listbox>(control, parent, made) ||
+        make_if<BevelButtonWidget, BevelButton>(control, parent, made) ||
+        make_if<LineWidget, Line>(control, parent, made) || make_if<ListboxWidget, Listbox>(control, parent, made) ||
         make_if<StaticTextWidget, StaticText>(control, parent, made) ||
         make_if<GroupBoxWidget, GroupBox>(control, parent, made) ||
         make_if<ProgressBarWidget, ProgressBar>(control, parent, made) ||

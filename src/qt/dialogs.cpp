@@ -141,4 +141,8 @@ int dialogs_shown() {
     return shown;
 }
 
+void count_dialog() {
+    ++shown;
+}
+
 } // namespace tessit::qt

@@ -19,7 +19,8 @@ std::optional<FolderItem> choose_save_file(QWidget* parent, const FileRequest& r
 // A proposed name as a bare one: "a/b" becomes "a-b".
 QString harmless_file_name(const std::string& name);
 
-// How many dialogs have been shown; tells whether some code showed one.
+// How many dialogs have been shown; tells whether some code showed one. Who shows one elsewhere counts it.
 int dialogs_shown();
+void count_dialog();
 
 } // namespace tessit::qt

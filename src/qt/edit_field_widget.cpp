@@ -5,13 +5,16 @@
 #include "platform/text.h"
 #include "qt/dialogs.h"
 #include "qt/look.h"
+#include "qt/styled_document.h"
 #include "qt/widget_text.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QFocusEvent>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QTextCursor>
 #include <QTimer>
 #include <algorithm>
 
@@ -68,7 +71,7 @@ void release_stuck_buttons(QWidget& window) {
 } // namespace
 
 FieldWidget::FieldWidget(EditField& field, QWidget& widget) : ControlWidget(field, widget), field_(field) {
-    set_text_size(field.own().text_size);
+    show_text_size();
     widget.installEventFilter(this);
     show_colors();
 }
@@ -133,6 +136,23 @@ void FieldWidget::edited(const QString& text) {
     tell([&] { field_.edit(to_model(text)); });
 }
 
+void FieldWidget::tell_selection(const QTextCursor& cursor, const QString& text) {
+    if (!is_quiet() && attached()) {
+        const auto characters_to = [&text](int place) {
+            return static_cast<int>(QStringView(text).left(place).toUcs4().size());
+        };
+        const int start = characters_to(cursor.selectionStart());
+        field_.select({.start = start, .length = characters_to(cursor.selectionEnd()) - start});
+    }
+}
+
+void FieldWidget::show_text_size() {
+    if (field_.TextSize() != shown_size_) {
+        shown_size_ = field_.TextSize();
+        widget().setFont(with_size(QApplication::font(), shown_size_));
+    }
+}
+
 void FieldWidget::show_colors() {
     if (field_.own().back_color != EditFieldDesign{}.back_color) {
         widget().setPalette(field_palette(field_.own().back_color));
@@ -151,6 +171,7 @@ int LineFieldWidget::halves_to_the_left() const {
 }
 
 void LineFieldWidget::show_values() {
+    show_text_size();
     const QString text = to_widget(field().Text());
     if (edit_.text() == text) {
         return;
@@ -173,22 +194,13 @@ TextFieldWidget::TextFieldWidget(EditField& field, QWidget& parent)
     option.setTextDirection(Qt::LayoutDirectionAuto);
     edit_.document()->setDefaultTextOption(option);
     connect(&edit_, &QPlainTextEdit::textChanged, this, [this] { edited(edit_.toPlainText()); });
-    connect(&edit_, &QPlainTextEdit::selectionChanged, this, [this] { tell_selection(); });
-    connect(&edit_, &QPlainTextEdit::cursorPositionChanged, this, [this] { tell_selection(); });
-}
-
-void TextFieldWidget::tell_selection() {
-    if (!is_quiet() && attached()) {
-        const QTextCursor cursor = edit_.textCursor();
-        const auto characters_to = [text = edit_.toPlainText()](int place) {
-            return static_cast<int>(QStringView(text).left(place).toUcs4().size());
-        };
-        const int start = characters_to(cursor.selectionStart());
-        field().select({.start = start, .length = characters_to(cursor.selectionEnd()) - start});
-    }
+    const auto selected = [this] { tell_selection(edit_.textCursor(), edit_.toPlainText()); };
+    connect(&edit_, &QPlainTextEdit::selectionChanged, this, selected);
+    connect(&edit_, &QPlainTextEdit::cursorPositionChanged, this, selected);
 }
 
 void TextFieldWidget::show_values() {
+    show_text_size();
     pending_ = field().window().application().busy();
     if (!pending_) {
         show_text();

@@ -11,6 +11,7 @@
 
 class QInputMethodEvent;
 class QKeyEvent;
+class QTextCursor;
 
 namespace tessit::qt {
 
@@ -22,6 +23,8 @@ public:
 protected:
     EditField& field() const { return field_; }
     void edited(const QString& text);
+    void tell_selection(const QTextCursor& cursor, const QString& text);
+    void show_text_size();
 
 private:
     bool key_used_up(const QKeyEvent& event);
@@ -31,6 +34,7 @@ private:
     void show_colors();
 
     EditField& field_;
+    int shown_size_ = 0;
 };
 
 class LineFieldWidget : public FieldWidget {
@@ -53,7 +57,6 @@ private:
     void show_values() override;
     void show_text();
     void choose_layout(const QString& text);
-    void tell_selection();
 
     QPlainTextEdit& edit_;
     bool pending_ = false;

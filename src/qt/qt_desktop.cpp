@@ -11,10 +11,12 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QFontDatabase>
 #include <QIcon>
 #include <QMimeData>
 #include <QStandardPaths>
 #include <QTimer>
+#include <ctime>
 #include <exception>
 #include <utility>
 
@@ -85,6 +87,11 @@ std::optional<FolderItem> QtDesktop::choose_save_file(const FileRequest& request
     return qt::choose_save_file(active_widget(), request);
 }
 
+std::unique_ptr<Graphics> QtDesktop::choose_printer() {
+    put_waiting_on_screen();
+    return printer_choice_.ask(active_widget());
+}
+
 void QtDesktop::show_fault(const FaultReport& report) {
     put_waiting_on_screen();
     qt::show_fault(active_widget(), report);
@@ -92,6 +99,19 @@ void QtDesktop::show_fault(const FaultReport& report) {
 
 void QtDesktop::Beep() {
     QApplication::beep();
+}
+
+Date QtDesktop::current_date() {
+    return local_date(std::time(nullptr));
+}
+
+const std::vector<std::string>& QtDesktop::fonts() {
+    if (fonts_.empty()) {
+        for (const QString& family : QFontDatabase::families()) {
+            fonts_.push_back(to_model(family));
+        }
+    }
+    return fonts_;
 }
 
 std::optional<std::string> QtDesktop::clipboard_text() {

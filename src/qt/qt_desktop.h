@@ -7,6 +7,7 @@
 
 #include "platform/desktop.h"
 #include "qt/activation.h"
+#include "qt/printing.h"
 #include "qt/qt_clock.h"
 #include "qt/qt_serial.h"
 #include "qt/qt_socket.h"
@@ -43,8 +44,11 @@ public:
     DialogAnswer show_dialog(const MessageDialog& dialog) override;
     std::optional<FolderItem> choose_open_file(const FileRequest& request) override;
     std::optional<FolderItem> choose_save_file(const FileRequest& request) override;
+    std::unique_ptr<Graphics> choose_printer() override;
     void show_fault(const FaultReport& report) override;
     void Beep() override;
+    Date current_date() override;
+    const std::vector<std::string>& fonts() override;
     std::optional<std::string> clipboard_text() override;
     void set_clipboard_text(const std::string& text) override;
     void call_soon(std::function<void()> call) override;
@@ -69,6 +73,8 @@ private:
     QtClock clock_;
     QtSerialPorts serial_ports_;
     QtSockets sockets_;
+    PrinterChoice printer_choice_;
+    std::vector<std::string> fonts_; // once they were asked for
     std::map<const Window*, QPointer<WindowWidget>> widgets_;
     std::vector<Window*> waiting_;               // shown by the running handler, which may hide them again
     std::map<std::string, QRect> last_places_;   // by the window's name, so that it opens again where it was

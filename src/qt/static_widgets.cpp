@@ -4,6 +4,7 @@
 #include "qt/logo.h"
 #include "qt/widget_text.h"
 
+#include <QFrame>
 #include <QGuiApplication>
 
 namespace tessit::qt {
@@ -36,6 +37,10 @@ void StaticTextWidget::show_values() {
         text.chop(1);
     }
     label_.setText(text);
+}
+
+LineWidget::LineWidget(Line& line, QWidget& parent) : ControlWidget(line, *new QFrame(&parent)) {
+    static_cast<QFrame&>(widget()).setFrameStyle(QFrame::HLine | QFrame::Sunken);
 }
 
 GroupBoxWidget::GroupBoxWidget(GroupBox& box, QWidget& parent) : ControlWidget(box, *new QGroupBox(&parent)) {

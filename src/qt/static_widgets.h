@@ -25,6 +25,14 @@ private:
     QLabel& label_;
 };
 
+class LineWidget : public ControlWidget {
+public:
+    LineWidget(Line& line, QWidget& parent);
+
+private:
+    void show_values() override {}
+};
+
 class GroupBoxWidget : public ControlWidget {
 public:
     GroupBoxWidget(GroupBox& box, QWidget& parent);

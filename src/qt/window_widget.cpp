@@ -2,6 +2,7 @@
 #include "qt/window_widget.h"
 
 #include "platform/application.h"
+#include "platform/buttons.h"
 #include "qt/activation.h"
 #include "qt/control_factory.h"
 #include "qt/control_layout.h"
@@ -12,6 +13,7 @@
 #include "qt/widget_text.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QLayout>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -26,6 +28,18 @@ Qt::WindowFlags flags_of(WindowFrame frame) {
     return frame == WindowFrame::notice
                ? Qt::Tool | Qt::WindowTitleHint | Qt::WindowCloseButtonHint | Qt::CustomizeWindowHint
                : Qt::Window;
+}
+
+PushButton* button_for(const Window& window, const QKeyEvent& event) {
+    const bool enters = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    for (Control* control : window.controls()) {
+        auto* button = dynamic_cast<PushButton*>(control);
+        const ButtonKey key = button == nullptr ? ButtonKey::none : button->own().key;
+        if ((key == ButtonKey::enter && enters) || (key == ButtonKey::escape && event.key() == Qt::Key_Escape)) {
+            return button;
+        }
+    }
+    return nullptr;
 }
 
 } // namespace
@@ -176,6 +190,14 @@ bool WindowWidget::eventFilter(QObject*, QEvent* event) {
         tell_place();
     }
     return false;
+}
+
+void WindowWidget::keyPressEvent(QKeyEvent* event) {
+    PushButton* button = model_ == nullptr ? nullptr : button_for(*model_, *event);
+    if (button == nullptr) {
+        return QMainWindow::keyPressEvent(event);
+    }
+    button->click();
 }
 
 void WindowWidget::tell_place() {

@@ -25,15 +25,17 @@ TEST(Menus, each_window_offers_its_commands) {
     App& app = program.app;
     const std::string everywhere = " ContactUsGiveusyourFeedback ContactUsOnlineSupport HelpOpenHelpFile "
                                    "HelpDisplayManual HelpOnlineHelp";
-    EXPECT_EQ(offered(app), "FileCreateNewFile FileOpen FileQuitEditor FileExitProgram ZephonLoadFromFile "
-                            "ZephonReadZephon EditMakeallSine EditMakeallSquare ConsolidatorNew ConsolidatorOpen "
-                            "SettingsSetSerialPort SettingsSetPreferences" +
-                                everywhere);
+    EXPECT_EQ(offered(app),
+              "FileCreateNewFile FileOpen FilePageSetup FileQuitEditor FileExitProgram ZephonLoadFromFile "
+              "ZephonReadZephon EditMakeallSine EditMakeallSquare ConsolidatorNew ConsolidatorOpen "
+              "SettingsSetSerialPort SettingsSetPreferences" +
+                  everywhere);
     program.new_protocol();
-    const std::string in_editor = "FileOpen FileSave FileExport FileQuitEditor FileExitProgram ZephonLoadDirect "
-                                  "ZephonReadZephon EditDeleteRow EditInsertRow EditMakeallSine EditMakeallSquare "
-                                  "SettingsSetSerialPort SettingsSetPreferences" +
-                                  everywhere;
+    const std::string in_editor =
+        "FileOpen FileSave FileExport FilePageSetup FilePrint FileQuitEditor FileExitProgram ZephonLoadDirect "
+        "ZephonReadZephon EditDeleteRow EditInsertRow EditMakeallSine EditMakeallSquare "
+        "SettingsSetSerialPort SettingsSetPreferences" +
+        everywhere;
     EXPECT_EQ(offered(app), in_editor);
     app.choose_menu("SettingsSetSerialPort");
     EXPECT_EQ(offered(app), "FileExitProgram ZephonReadZephon EditMakeallSine EditMakeallSquare EditEditProtocol "

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "dialog_driver.h"
 #include "fixture.h"
 
 #include "qt/dialogs.h"
@@ -10,28 +11,13 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
-#include <QTimer>
 
 namespace tessit::qt {
 
 namespace {
 
-class Dialogs : public SampleTest {
+class Dialogs : public SampleTest, protected DialogDriver {
 protected:
-    // Runs `act` on the next dialog as soon as it is up.
-    template <class D> void when_shown(std::function<void(D&)> act) {
-        poll = std::make_unique<QTimer>();
-        QObject::connect(poll.get(), &QTimer::timeout, [this, act] {
-            auto* dialog = qobject_cast<D*>(QApplication::activeModalWidget());
-            if (dialog != nullptr && dialog->isVisible()) {
-                poll->stop();
-                act(*dialog);
-            }
-        });
-        poll->start(5);
-    }
-
-    std::unique_ptr<QTimer> poll;
     QTemporaryDir folder;
     QPoint on_button;
 };

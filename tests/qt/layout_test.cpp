@@ -9,10 +9,13 @@
 #include "device/load_zephon_window.h"
 #include "device/settings_window.h"
 #include "editor/edit_window.h"
+#include "folder_desktop.h"
 #include "qt/column_widths.h"
 #include "qt/control_layout.h"
 #include "qt/look.h"
 #include "qt/qt_desktop.h"
+#include "report/page_setup_window.h"
+#include "report/qc_window.h"
 #include "support/contact_form.h"
 #include "support/feedback_form.h"
 #include "support/help_window.h"
@@ -29,7 +32,6 @@
 #include <QStyle>
 #include <QStyleOptionComboBox>
 #include <QTableView>
-#include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
 #include <numeric>
@@ -94,15 +96,6 @@ TEST(Look, TextContrastsWithEveryBackground) {
     EXPECT_EQ(readable_on(QColor(0xC0C0C0)), QColor(Qt::black));
     EXPECT_EQ(readable_on(QColor(0x000080)), QColor(Qt::white));
 }
-
-class FolderDesktop : public QtDesktop {
-public:
-    FolderItem program_folder() override { return FolderItem(folder_.path().toStdString()); }
-    DialogAnswer show_dialog(const MessageDialog&) override { return DialogAnswer::action; }
-
-private:
-    QTemporaryDir folder_;
-};
 
 QString name_of(const QWidget& widget) {
     return widget.window()->objectName() + "." + widget.objectName();
@@ -184,9 +177,9 @@ TEST(EveryWindow, ShowsItsTextsWholeAndApart) {
         for (Window* window : std::initializer_list<Window*>{
                  &app.Window1.get(), &app.popupwindow.get(), &app.settings_window.get(), &app.load_direct_window.get(),
                  &app.loadzephonWindow.get(), &app.consolidatorWindow.get(), &app.composewindow.get(),
-                 &app.editwindow.get(), &app.FeedbackWindow.get(), &app.feedbackPopup.get(), &app.ContactUsWindow.get(),
-                 &app.ContactPopUp.get(), &app.OnlineHelpWindow.get(), &app.onlinehelpPopup.get(),
-                 &app.helpWindow.get()}) {
+                 &app.pgsetupwindow.get(), &app.qcsetupwindow.get(), &app.editwindow.get(), &app.FeedbackWindow.get(),
+                 &app.feedbackPopup.get(), &app.ContactUsWindow.get(), &app.ContactPopUp.get(),
+                 &app.OnlineHelpWindow.get(), &app.onlinehelpPopup.get(), &app.helpWindow.get()}) {
             window->Show();
         }
         EditWindow& editor = app.editwindow.get();

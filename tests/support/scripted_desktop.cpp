@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/scripted_desktop.h"
 
+#include "platform/text.h"
+
 #include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -9,6 +11,23 @@
 namespace tessit::testing {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+struct RecordingPrinter : Graphics {
+    std::vector<Page>* pages; // null: out of order
+    explicit RecordingPrinter(std::vector<Page>* printed) : pages(printed) {}
+
+    double StringWidth(const std::string& text, const PageFont&) override { return 5.0 * Len(text); }
+    void print(const Page& page) override {
+        if (pages == nullptr) {
+            throw Fault(FaultKind::write_failed, "The printer is out of order.");
+        }
+        pages->push_back(page);
+    }
+};
+
+} // namespace
 
 void SimulatedClock::idle(Microseconds at_most) {
     now_ += at_most;
@@ -57,6 +76,7 @@ ScriptedDesktop::~ScriptedDesktop() {
         ADD_FAILURE() << "no fault came from " << expected;
     }
     EXPECT_TRUE(files_.empty()) << "a file dialog did not come";
+    EXPECT_TRUE(printers_.empty()) << "a print dialog did not come";
 }
 
 void ScriptedDesktop::expect_message(const std::string& message, DialogAnswer answer) {
@@ -81,6 +101,18 @@ DialogAnswer ScriptedDesktop::show_dialog(const MessageDialog& dialog) {
     messages_.pop_front();
     EXPECT_EQ(dialog.Message, expected.message);
     return expected.answer;
+}
+
+std::unique_ptr<Graphics> ScriptedDesktop::choose_printer() {
+    if (printers_.empty()) {
+        ADD_FAILURE() << "unexpected print dialog";
+        return nullptr;
+    }
+    const PrinterAnswer answer = printers_.front();
+    printers_.pop_front();
+    return answer == PrinterAnswer::dismissed
+               ? nullptr
+               : std::make_unique<RecordingPrinter>(answer == PrinterAnswer::prints ? &pages : nullptr);
 }
 
 void ScriptedDesktop::show_fault(const FaultReport& report) {

@@ -59,6 +59,9 @@ public:
     void expect_fault(const std::string& handler);       // where the fault came from; its text is in `faults`
     void choose_file(const std::filesystem::path& file); // the next file dialog; an empty path dismisses it
     void dismiss_file_dialog() { choose_file({}); }
+    void accept_printing() { printers_.push_back(PrinterAnswer::prints); } // the next print dialog
+    void dismiss_print_dialog() { printers_.push_back(PrinterAnswer::dismissed); }
+    void refuse_printing() { printers_.push_back(PrinterAnswer::fails); } // chosen, and then out of order
     void connect(SerialPorts& ports) { switchboard_.connected = &ports; }
 
     // What happened.
@@ -66,11 +69,14 @@ public:
     std::vector<FileRequest> file_requests;
     std::vector<FaultReport> faults;
     std::vector<std::string> shown; // names of windows in the order in which they were shown
+    std::vector<Page> pages;        // as printed; every character is 5 points wide
     int beeps = 0;
     std::optional<std::string> clipboard; // what other programs see of it, and what they put there
     bool has_quit = false;
 
     SimulatedClock simulated_clock;
+    Date date{.year = 2026, .month = 3, .day = 9};
+    std::vector<std::string> font_names{"System", "Arial", "Courier"};
     TemporaryFolder folder;
     ScriptedSockets scripted_sockets;
 
@@ -81,6 +87,9 @@ public:
     DialogAnswer show_dialog(const MessageDialog& dialog) override;
     std::optional<FolderItem> choose_open_file(const FileRequest& request) override { return next_file(request); }
     std::optional<FolderItem> choose_save_file(const FileRequest& request) override { return next_file(request); }
+    std::unique_ptr<Graphics> choose_printer() override;
+    Date current_date() override { return date; }
+    const std::vector<std::string>& fonts() override { return font_names; }
     void show_fault(const FaultReport& report) override;
     void Beep() override { ++beeps; }
     std::optional<std::string> clipboard_text() override { return clipboard; }
@@ -107,12 +116,15 @@ private:
         DialogAnswer answer;
     };
 
+    enum class PrinterAnswer { prints, dismissed, fails };
+
     std::optional<FolderItem> next_file(const FileRequest& request);
 
     Switchboard switchboard_;
     std::deque<ExpectedMessage> messages_;
     std::deque<std::string> expected_faults_;
     std::deque<std::filesystem::path> files_;
+    std::deque<PrinterAnswer> printers_;
     std::deque<std::function<void()>> soon_;
 };
 

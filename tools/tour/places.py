@@ -3,7 +3,7 @@
 
 MAIN = "Tessit Control"
 EDITOR = "Zephon Protocol Editor"
-READER = "Read Zephon"
+READER = "Read Zephon Data"
 CONSOLIDATOR = "Frequency Consolidator"
 COMPOSER = "Protocol Composer"
 PORT = "Zephon emulator"

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include "qt/printing.h"
+
+#include "platform/fault.h"
+#include "platform/file_replacement.h"
+#include "qt/dialogs.h"
+#include "qt/page_painter.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QLineEdit>
+#include <QPageLayout>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrinter>
+
+namespace tessit::qt {
+
+namespace {
+
+constexpr int dots_per_inch = 72;
+constexpr auto program_name = "Tessit Control";
+constexpr auto document_name = "Zephon Report";
+
+[[noreturn]] void fail(const std::string& what) {
+    throw Fault(FaultKind::write_failed, what);
+}
+
+class SystemPrinter : public Graphics {
+public:
+    explicit SystemPrinter(QPrinter& printer) : printer_(printer) {}
+
+    double StringWidth(const std::string& text, const PageFont& font) override {
+        return width_on_page(text, font, printer_);
+    }
+
+    void print(const Page& page) override {
+        QPainter painter;
+        const bool begun = painter.begin(&printer_);
+        if (begun) {
+            paint_page(painter, page);
+        }
+        if (!begun || !painter.end() || printer_.printerState() == QPrinter::Error) {
+            fail("The printer \"" + printer_.printerName().toStdString() + "\" could not be used.");
+        }
+    }
+
+private:
+    QPrinter& printer_;
+};
+
+// Written in memory and then to its file as a whole.
+class PdfFile : public Graphics {
+public:
+    explicit PdfFile(const QPrinter& printer)
+        : target_(QFile::encodeName(printer.outputFileName()).toStdString()), writer_(&bytes_) {
+        bytes_.open(QIODevice::WriteOnly);
+        writer_.setPageLayout(printer.pageLayout());
+        writer_.setResolution(dots_per_inch);
+        writer_.setTitle(QLatin1String(document_name));
+        writer_.setCreator(QLatin1String(program_name));
+    }
+
+    double StringWidth(const std::string& text, const PageFont& font) override {
+        return width_on_page(text, font, writer_);
+    }
+
+    void print(const Page& page) override {
+        QPainter painter(&writer_);
+        paint_page(painter, page);
+        painter.end();
+        const auto file = FileReplacement::create(target_);
+        if (file == nullptr) {
+            fail("The file \"" + target_.string() + "\" could not be created.");
+        }
+        const auto* first = reinterpret_cast<const std::uint8_t*>(bytes_.data().constData());
+        file->write({first, static_cast<std::size_t>(bytes_.size())});
+        file->commit();
+    }
+
+private:
+    const std::filesystem::path target_;
+    QBuffer bytes_;
+    QPdfWriter writer_;
+};
+
+// There is one page, so that most of what the dialog could offer means nothing.
+void leave_out_page_options(QPrintDialog& dialog) {
+    for (const auto option : {QAbstractPrintDialog::PrintPageRange, QAbstractPrintDialog::PrintCollateCopies,
+                              QAbstractPrintDialog::PrintSelection, QAbstractPrintDialog::PrintCurrentPage}) {
+        dialog.setOption(option, false);
+    }
+}
+
+// The dialog proposes a file's name on some window systems, on others its folder alone.
+void propose_file_name(QPrintDialog& dialog) {
+    auto* file = dialog.findChild<QLineEdit*>(QStringLiteral("filename"));
+    if (file != nullptr && file->text().endsWith(QLatin1Char('/'))) {
+        file->setText(file->text() + QLatin1String(document_name) + QLatin1String(".pdf"));
+    }
+}
+
+} // namespace
+
+PrinterChoice::PrinterChoice() = default;
+PrinterChoice::~PrinterChoice() = default;
+
+std::unique_ptr<Graphics> PrinterChoice::ask(QWidget* parent) {
+    if (printer_ == nullptr) {
+        printer_ = std::make_unique<QPrinter>();
+        printer_->setResolution(dots_per_inch);
+        printer_->setDocName(QLatin1String(document_name));
+        printer_->setCreator(QLatin1String(program_name));
+    }
+    QPrintDialog dialog(printer_.get(), parent);
+    dialog.setObjectName(QStringLiteral("print_dialog"));
+    leave_out_page_options(dialog);
+    propose_file_name(dialog);
+    count_dialog();
+    if (dialog.exec() != QDialog::Accepted) {
+        return nullptr;
+    }
+    printer_->setFullPage(true); // places count from the paper's corner, not from its margins
+    if (printer_->outputFormat() == QPrinter::PdfFormat) {
+        return std::make_unique<PdfFile>(*printer_);
+    }
+    return std::make_unique<SystemPrinter>(*printer_);
+}
+
+} // namespace tessit::qt

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "report/page_setup_window.h"
+
+#include "core/menus.h"
+#include "platform/text.h"
+
+namespace tessit {
+
+void PageSetupWindow::Event_Open() {
+    for (int index = 1; index < app.FontCount(); ++index) { // the first font is left out
+        HeadstyleBox.AddRow(app.Font(index));
+        footstyleBox.AddRow(app.Font(index));
+    }
+    headingfield.SetTextSize(app.headerfont);
+    footerfield.SetTextSize(app.footerfont);
+}
+
+void PageSetupWindow::headfontBox_Change() {
+    app.headerfont = truncate(app.strintR(headfontBox.Text()));
+    headingfield.SetTextSize(app.headerfont);
+}
+
+void PageSetupWindow::footfontBox_Change() {
+    app.footerfont = truncate(app.strintR(footfontBox.Text()));
+    footerfield.SetTextSize(app.footerfont);
+}
+
+void PageSetupWindow::DoneButton_Action() {
+    app.heading = headingfield.Text();
+    app.footer = footerfield.Text();
+    Hide();
+    app.Print();
+}
+
+void PageSetupWindow::Event_Close() {
+    app.footer = footerfield.Text();
+    app.heading = headingfield.Text();
+    app.enable_menu_items();
+}
+
+void PageSetupWindow::Event_EnableMenuItems() {
+    enable_rules::pgsetupwindow.apply(app.MenuBar1);
+}
+
+} // namespace tessit

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+// Printing the document window at the back of the list: the windows in which a page is set up, and the page itself.
+#include "core/app.h"
+#include "core/document_window.h"
+#include "device/read_window.h"
+#include "report/page.h"
+#include "report/page_setup_window.h"
+#include "report/printed_document.h"
+#include "report/qc_window.h"
+
+namespace tessit {
+
+namespace {
+
+// A main panel that is visible behind the document is what is found, and then nothing is printed.
+const PrintedDocument* document_to_print(const App& app) {
+    return printed_document(title_of_last_document(app, MainPanel::counts));
+}
+
+BlockText block_text(const EditField& field) {
+    return {.text = field.StyledText(), .size = field.TextSize()};
+}
+
+ReportTable report_table(App& app, const PrintedDocument& document) {
+    const Listbox& table = document.table(app);
+    ReportTable result{.columns = {},
+                       .rows = {},
+                       .total_frequencies = document.total_frequencies(app).Text(),
+                       .total_time = document.total_time(app).Text()};
+    for (int column = 0; column < table.ColumnCount(); ++column) {
+        result.columns.push_back({.heading = table.Heading(column),
+                                  .width = truncate(app.strintR(app.cwidth[column])),
+                                  .alignment = app.calign[column]});
+    }
+    for (int row = 0; row < table.ListCount(); ++row) {
+        auto& cells = result.rows.emplace_back();
+        for (int column = 0; column < table.ColumnCount(); ++column) {
+            cells.push_back(table.Cell(row, column));
+        }
+    }
+    return result;
+}
+
+// Styled in the field itself, where the size stays.
+BlockText sized(EditField& field, int size) {
+    StyledText text = field.StyledText();
+    const TextRange all = text.Paragraph(1);
+    text.SetSize(all.StartPos, all.Length + 1, size);
+    field.SetStyledText(text);
+    return block_text(field);
+}
+
+BlockText sized_and_bold(EditField& field, int size) {
+    StyledText text = field.StyledText();
+    const TextRange all = text.Paragraph(1);
+    text.SetBold(all.StartPos, all.Length + 1, true);
+    field.SetStyledText(text);
+    return sized(field, size);
+}
+
+QcLine qc_line(App& app) {
+    QcWindow& window = app.qcsetupwindow.get();
+    return {.serial = sized(window.serialfield, 9),
+            .assigned = sized(window.assignfield, 9),
+            .checked = sized(window.qcfield, 9),
+            .date = sized(window.datefield, 9),
+            .bank = sized_and_bold(app.ReadZPWindow->bankfield, 12),
+            .protocol = sized(window.protocolfield, 10)};
+}
+
+std::vector<DrawBlock> blocks_above(App& app, const PrintedDocument& document) {
+    if (document.name == nullptr) {
+        return qc_blocks(qc_line(app));
+    }
+    return {heading_block(block_text(app.pgsetupwindow->headingfield))};
+}
+
+Page report_page(App& app, const PrintedDocument& document, Graphics& graphics) {
+    if (document.table == nullptr) {
+        return list_page(block_text(app.pgsetupwindow->headingfield), block_text(document.list(app)),
+                         block_text(app.pgsetupwindow->footerfield));
+    }
+    return table_page(report_table(app, document), blocks_above(app, document),
+                      block_text(app.pgsetupwindow->footerfield),
+                      [&](const std::string& text, const PageFont& font) { return graphics.StringWidth(text, font); });
+}
+
+} // namespace
+
+void App::Print() {
+    const PrintedDocument* document = document_to_print(*this);
+    if (document == nullptr) {
+        return;
+    }
+    if (const auto graphics = OpenPrinterDialog()) {
+        graphics->print(report_page(*this, *document, *graphics));
+    }
+}
+
+void App::pagesetup() {
+    const PrintedDocument* document = document_to_print(*this);
+    if (document == nullptr) {
+        return;
+    }
+    if (document->name == nullptr) {
+        return qcsetupwindow->Show();
+    }
+    pgsetupwindow->headingfield.SetText(document->name(*this).Text());
+    pgsetupwindow->Show();
+}
+
+bool App::_FilePageSetup_Action() {
+    pagesetup();
+    return true;
+}
+
+bool App::_FilePrint_Action() {
+    pagesetup();
+    return true;
+}
+
+} // namespace tessit

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+// A styled field in its window, edited by keys and buttons, and the keys that press the window's buttons.
+#include "core/app.h"
+#include "dialog_driver.h"
+#include "editor/edit_window.h"
+#include "folder_desktop.h"
+#include "report/page_setup_window.h"
+
+#include <QClipboard>
+#include <QMimeData>
+#include <QPrintDialog>
+#include <QTest>
+#include <QTextEdit>
+#include <QToolButton>
+#include <gtest/gtest.h>
+
+namespace tessit::qt {
+
+namespace {
+
+class StyledField : public ::testing::Test, protected DialogDriver {
+protected:
+    StyledField() {
+        app.start();
+        app.choose_menu("FileCreateNewFile");
+        app.choose_menu("FilePrint");
+        edit = desktop.widget_of(app.pgsetupwindow.get())->findChild<QTextEdit*>("headingfield");
+        EXPECT_TRUE(QTest::qWaitForWindowActive(edit->window()));
+        model().SetText("ab");
+        edit->moveCursor(QTextCursor::End);
+    }
+
+    EditField& model() { return app.pgsetupwindow->headingfield; }
+    QToolButton& bold() { return *edit->window()->findChild<QToolButton*>("Boldbutton1"); }
+    std::vector<StyledRun> runs() { return model().StyledText().runs(); }
+
+    FolderDesktop desktop;
+    App app{desktop, {}};
+    QTextEdit* edit = nullptr;
+};
+
+constexpr TextStyle bold_style{.bold = true};
+
+TEST_F(StyledField, TypesInTheStyleChosenAndUndoesIt) {
+    QTest::mouseClick(&bold(), Qt::LeftButton);
+    EXPECT_TRUE(edit->hasFocus()) << "a click on a style button leaves the field its focus";
+    QTest::keyClicks(edit, "cd");
+    EXPECT_EQ(runs(), (std::vector<StyledRun>{
+                          {"ab", {}        },
+                          {"cd", bold_style}
+    }));
+    QTest::mouseClick(&bold(), Qt::LeftButton);
+    QTest::keyClicks(edit, "e");
+    EXPECT_EQ(runs().back(), (StyledRun{"e", {}}));
+    edit->selectAll();
+    QTest::mouseClick(&bold(), Qt::LeftButton);
+    EXPECT_EQ(runs(), (std::vector<StyledRun>{
+                          {"abcde", bold_style}
+    }));
+    QTest::keyClick(edit, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(runs().size(), 3U) << "undone in the model too";
+    model().SetText("");
+    QTest::keyClicks(edit, "x");
+    EXPECT_EQ(runs(), (std::vector<StyledRun>{
+                          {"x", {}}
+    }));
+}
+
+TEST_F(StyledField, TakesPastedTextInItsOwnStyle) {
+    auto* rich = new QMimeData;
+    rich->setHtml("<b>bold</b> <font size=7>large</font>");
+    rich->setText("bold large");
+    QGuiApplication::clipboard()->setMimeData(rich);
+    edit->paste();
+    EXPECT_EQ(runs(), (std::vector<StyledRun>{
+                          {"abbold large", {}}
+    }));
+    QTest::keyClick(edit, Qt::Key_Return);
+    EXPECT_EQ(model().Text(), "abbold large\r");
+}
+
+TEST_F(StyledField, KeysPressTheButtonsThatTheyBelongTo) {
+    bool asked = false;
+    when_shown<QPrintDialog>([&](QPrintDialog& dialog) {
+        asked = true;
+        dialog.reject();
+    });
+    QTest::keyClick(&bold(), Qt::Key_Return);
+    EXPECT_TRUE(asked);
+    EXPECT_FALSE(app.pgsetupwindow->Visible());
+    app.choose_menu("FilePrint");
+    QTest::keyClick(edit, Qt::Key_Escape);
+    EXPECT_FALSE(app.pgsetupwindow.exists());
+}
+
+} // namespace
+
+} // namespace tessit::qt
