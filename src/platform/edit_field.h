@@ -20,6 +20,7 @@ struct EditFieldDesign {
     bool styled = false; // shows styles; only where multiline
     int text_size = 0;   // in points; 0 for the system's size
     Color back_color{0xFFFFFF};
+    bool typed_behind = false; // the text is a prompt: the keyboard enters the field behind it
     std::function<bool(const std::string& key)> on_key_down{}; // true: the key is used up
     std::function<void()> on_text_change{};
     std::function<void()> on_lost_focus{};

@@ -88,6 +88,11 @@ bool FieldWidget::eventFilter(QObject*, QEvent* event) {
     case QEvent::ApplicationPaletteChange:
         show_colors();
         return false;
+    case QEvent::FocusIn:
+        if (static_cast<QFocusEvent*>(event)->reason() != Qt::MouseFocusReason) {
+            entered_by_keyboard();
+        }
+        return false;
     case QEvent::FocusOut: {
         const auto reason = static_cast<QFocusEvent*>(event)->reason();
         if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
@@ -168,6 +173,13 @@ LineFieldWidget::LineFieldWidget(EditField& field, QWidget& parent)
 
 int LineFieldWidget::halves_to_the_left() const {
     return 1;
+}
+
+// Behind the text, when the line edit has selected it all.
+void LineFieldWidget::entered_by_keyboard() {
+    if (field().own().typed_behind) {
+        QTimer::singleShot(0, &edit_, [this] { edit_.end(false); });
+    }
 }
 
 void LineFieldWidget::show_values() {

@@ -25,6 +25,7 @@ protected:
     void edited(const QString& text);
     void tell_selection(const QTextCursor& cursor, const QString& text);
     void show_text_size();
+    virtual void entered_by_keyboard() {}
 
 private:
     bool key_used_up(const QKeyEvent& event);
@@ -44,6 +45,7 @@ public:
 
 private:
     void show_values() override;
+    void entered_by_keyboard() override;
 
     QLineEdit& edit_;
 };

@@ -23,6 +23,10 @@ BlockText block_text(const EditField& field) {
 
 ReportTable report_table(App& app, const PrintedDocument& document) {
     const Listbox& table = document.table(app);
+    if (app.cwidth.count() < table.ColumnCount()) { // no document window has opened its table so far
+        throw Fault(FaultKind::out_of_bounds,
+                    "There is no table to print yet. Choose a serial port and read a bank first.");
+    }
     ReportTable result{.columns = {},
                        .rows = {},
                        .total_frequencies = document.total_frequencies(app).Text(),

@@ -15,12 +15,16 @@ public:
     explicit QcWindow(App& owner)
         : Window(owner, {.name = "qcsetupwindow", .title = "Zephon Data", .width = 520, .height = 208}), app(owner) {}
 
-    EditField serialfield{*this, {.name = "serialfield", .place = {20, 20, 235, 24}, .label = "Device"}};
+    EditField serialfield{
+        *this, {.name = "serialfield", .place = {20, 20, 235, 24}, .label = "Device"}, {.typed_behind = true}};
     StaticText StaticText3{
         *this, {.name = "StaticText3", .place = {20, 46, 235, 18}}, {.text = "(Device#, Client etc.)"}};
     EditField assignfield{
-        *this, {.name = "assignfield", .place = {265, 20, 235, 24}, .label = "Assigned to", .grow = Grow::width}};
-    EditField qcfield{*this, {.name = "qcfield", .place = {20, 76, 235, 24}, .label = "Checked by"}};
+        *this,
+        {.name = "assignfield", .place = {265, 20, 235, 24}, .label = "Assigned to", .grow = Grow::width},
+        {.typed_behind = true}};
+    EditField qcfield{
+        *this, {.name = "qcfield", .place = {20, 76, 235, 24}, .label = "Checked by"}, {.typed_behind = true}};
     StaticText StaticText6{*this, {.name = "StaticText6", .place = {265, 78, 50, 20}}, {.text = "Date:"}};
     EditField datefield{*this, {.name = "datefield", .place = {315, 76, 100, 24}, .label = "Date"}};
     StaticText StaticText4{*this, {.name = "StaticText4", .place = {20, 118, 100, 20}}, {.text = "Bank Protocol:"}};

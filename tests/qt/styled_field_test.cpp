@@ -5,8 +5,10 @@
 #include "editor/edit_window.h"
 #include "folder_desktop.h"
 #include "report/page_setup_window.h"
+#include "report/qc_window.h"
 
 #include <QClipboard>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QPrintDialog>
 #include <QTest>
@@ -38,6 +40,20 @@ protected:
     App app{desktop, {}};
     QTextEdit* edit = nullptr;
 };
+
+TEST_F(StyledField, AnswersAreTypedBehindTheirPrompts) {
+    app.from_user("test", [this] { app.qcsetupwindow->Show(); });
+    auto& window = *desktop.widget_of(app.qcsetupwindow.get());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    for (const char* name : {"serialfield", "qcfield"}) {
+        auto& field = *window.findChild<QLineEdit*>(QLatin1String(name));
+        field.setFocus(Qt::TabFocusReason);
+        QTest::qWait(1);
+        QTest::keyClicks(&field, "42");
+    }
+    EXPECT_EQ(app.qcsetupwindow->serialfield.Text(), "Zephon Serial#: 42");
+    EXPECT_EQ(app.qcsetupwindow->qcfield.Text(), "Qc'd by: 42");
+}
 
 constexpr TextStyle bold_style{.bold = true};
 

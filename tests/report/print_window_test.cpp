@@ -257,6 +257,15 @@ TEST_F(QcTest, prompts_are_the_fields_contents_and_come_again_with_their_answers
     EXPECT_EQ(qc().qcfield.Text(), "Qc'd by: N.N.");
 }
 
+TEST_F(QcTest, without_a_table_so_far_the_fault_says_what_to_do) {
+    app.cwidth = {}; // as when no document window has opened its table
+    desktop.accept_printing();
+    desktop.expect_fault("qcsetupwindow.PushButton1_Action");
+    qc().PushButton1.click();
+    EXPECT_NE(desktop.faults.back().what.find("read a bank first"), std::string::npos);
+    EXPECT_TRUE(desktop.pages.empty());
+}
+
 TEST_F(QcTest, the_line_is_printed_as_it_stands_in_its_own_sizes) {
     qc().datefield.edit("yesterday");
     desktop.accept_printing();
