@@ -141,4 +141,5 @@ def start_server(folder, log_path):
         server = children.start([sys.executable, script, str(PORT), folder], stdin=subprocess.PIPE,
                                 stdout=subprocess.PIPE, stderr=log)
     if server.stdout.readline().strip() != str(PORT).encode():
-        raise TourError(f"No mail server on port {PORT}: {log_path.read_text(encoding='utf-8').strip()}")
+        last_words = log_path.read_text(encoding="utf-8").strip().rpartition("\n")[2]
+        raise TourError(f"No mail server on port {PORT}: {last_words}")
