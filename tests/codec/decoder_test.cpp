@@ -35,22 +35,10 @@ TEST(DecodeBase, puts_the_point_and_keeps_short_words_short) {
         const char* text;
     };
     const Case cases[] = {
-        {123456, 1,   "123456" },
-        {123456, 2,   "12345.6"},
-        {123456, 4,   "1234.56"},
-        {123456, 8,   "123.456"},
-        {12345,  8,   "012.345"},
-        {1234,   8,   "001.234"},
-        {123,    8,   ".123"   },
-        {12,     8,   ".12"    },
-        {5,      8,   ".5"     },
-        {500,    8,   ".500"   },
-        {5,      2,   ".5"     },
-        {5,      4,   ".5"     },
-        {12,     4,   ".12"    },
-        {123456, 0,   ""       },
-        {123456, 3,   ""       },
-        {123456, 255, ""       },
+        {123456, 1, "123456"}, {123456, 2, "12345.6"}, {123456, 4, "1234.56"}, {123456, 8, "123.456"},
+        {12345, 8, "012.345"}, {1234, 8, "001.234"},   {123, 8, ".123"},       {12, 8, ".12"},
+        {5, 8, ".5"},          {500, 8, ".500"},       {5, 2, ".5"},           {5, 4, ".5"},
+        {12, 4, ".12"},        {123456, 0, ""},        {123456, 3, ""},        {123456, 255, ""},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(decode_base(c.word, c.db3), c.text) << c.word << " " << int{c.db3};
@@ -76,17 +64,8 @@ TEST(DecodeLevel, frequencies_are_cut_to_eight_bits_before_the_one_is_added) {
     struct Case {
         int wave, width, frequencies;
     };
-    const Case cases[] = {
-        {5, 9,   1  },
-        {6, 4,   5  },
-        {2, 9,   10 },
-        {4, 4,   9  },
-        {0, 9,   19 },
-        {6, 255, 256},
-        {4, 128, 1  },
-        {0, 200, 145},
-        {7, 9,   1  }
-    };
+    const Case cases[] = {{5, 9, 1},     {6, 4, 5},   {2, 9, 10},    {4, 4, 9}, {0, 9, 19},
+                          {6, 255, 256}, {4, 128, 1}, {0, 200, 145}, {7, 9, 1}};
     for (const auto& c : cases) {
         const auto record = with(record_offset::wpwidth, c.width, with(record_offset::db6, c.wave));
         EXPECT_EQ(decode_level(record, {}).frequencies, c.frequencies) << c.wave << " " << c.width;

@@ -20,27 +20,17 @@ struct FrequencyCase {
 
 TEST(EncodeFrequency, takes_the_point_out_and_pads_to_the_digits_of_its_scale) {
     const FrequencyCase cases[] = {
-  // text        word     db3  decimals
-        {"5",        5000,   8,        0}, // one digit becomes two
-        {"50",       50000,  8,        0},
-        {"500",      500000, 8,        0},
-        {"1.5",      1500,   8,        1},
-        {"7.83",     7830,   8,        2},
-        {"12.345",   12345,  8,        3},
-        {"123.4",    123400, 8,        1},
-        {"0.5",      500,    8,        1},
-        {"1000",     100000, 4,        0},
-        {"1234.5",   123450, 4,        1},
-        {"1234.567", 234567, 4,        3}, // the leading digit is lost without a word
-        {"12345.6",  123456, 2,        1},
-        {"123456",   123456, 1,        0},
-        {"1234567",  234567, no_scale, 0},
-        {".5",       500000, no_scale, 1}, // no integer digit, no scale
-        {"5.",       5000,   8,        0},
-        {"1.2.3",    1203,   8,        3}, // the left point is found, the other counts as 0
-        {"7,83",     708300, 4,        0}, // a comma that stays is one more character and reads as 0
-        {"12a4",     120400, 4,        0},
-        {"1.23456",  123456, 8,        5}, // too many for the generator, told by `decimals`
+        // text        word     db3  decimals
+        {"5", 5000, 8, 0}, // one digit becomes two
+        {"50", 50000, 8, 0},         {"500", 500000, 8, 0},     {"1.5", 1500, 8, 1},
+        {"7.83", 7830, 8, 2},        {"12.345", 12345, 8, 3},   {"123.4", 123400, 8, 1},
+        {"0.5", 500, 8, 1},          {"1000", 100000, 4, 0},    {"1234.5", 123450, 4, 1},
+        {"1234.567", 234567, 4, 3}, // the leading digit is lost without a word
+        {"12345.6", 123456, 2, 1},   {"123456", 123456, 1, 0},  {"1234567", 234567, no_scale, 0},
+        {".5", 500000, no_scale, 1},                        // no integer digit, no scale
+        {"5.", 5000, 8, 0},          {"1.2.3", 1203, 8, 3}, // the left point is found, the other counts as 0
+        {"7,83", 708300, 4, 0},                             // a comma that stays is one more character and reads as 0
+        {"12a4", 120400, 4, 0},      {"1.23456", 123456, 8, 5}, // too many for the generator, told by `decimals`
     };
     for (const auto& c : cases) {
         EXPECT_EQ(encode_frequency(c.text), (FrequencyWord{c.word, c.db3, c.decimals})) << c.text;
@@ -62,17 +52,17 @@ TEST(EncodeMode, reads_wave_pulse_output_and_shape_in_this_order) {
         int mode;
     };
     const Case cases[] = {
-        {"Single Frequency",   "ON",  "Positive", "Square",   0x15},
-        {"Single frequency",   "off", "POSITIVE", "square",   0x1D}, // case does not count
-        {"Spread Contracting", "ON",  "Negative", "Sine",     0x40},
-        {"Spread Expanding",   "OFF", "Negative", "Triangle", 0x8C},
-        {"Sweep Increasing",   "ON",  "Positive", "Triangle", 0x96},
-        {"Sweep Decreasing",   "OFF", "Positive", "Sine",     0x5A},
-        {"Sweep Decreasing",   "ON",  "Offset",   "Square",   47  }, // Offset turns the whole byte into 47
-        {"Single Frequency",   "ON",  "Offset",   "Sine",     111 },
-        {"Spread Expanding",   "OFF", "Offset",   "Triangle", 175 },
-        {"",                   "",    "",         "",         255 }, // unknown texts leave the unset byte
-        {"",                   "ON",  "",         "",         7   },
+        {"Single Frequency", "ON", "Positive", "Square", 0x15},
+        {"Single frequency", "off", "POSITIVE", "square", 0x1D}, // case does not count
+        {"Spread Contracting", "ON", "Negative", "Sine", 0x40},
+        {"Spread Expanding", "OFF", "Negative", "Triangle", 0x8C},
+        {"Sweep Increasing", "ON", "Positive", "Triangle", 0x96},
+        {"Sweep Decreasing", "OFF", "Positive", "Sine", 0x5A},
+        {"Sweep Decreasing", "ON", "Offset", "Square", 47}, // Offset turns the whole byte into 47
+        {"Single Frequency", "ON", "Offset", "Sine", 111},
+        {"Spread Expanding", "OFF", "Offset", "Triangle", 175},
+        {"", "", "", "", 255}, // unknown texts leave the unset byte
+        {"", "ON", "", "", 7},
     };
     for (const auto& c : cases) {
         LevelCells cells = level("5");
@@ -119,14 +109,10 @@ TEST_F(EncodeLevel, time_is_read_in_the_form_of_the_window) {
         int minutes, seconds;
     };
     const Case cases[] = {
-        {TimeForm::seconds, "90",    1, 30},
-        {TimeForm::seconds, "59.9",  0, 59},
-        {TimeForm::seconds, "",      0, 0 },
-        {TimeForm::seconds, "15420", 1, 0 }, // 257 minutes are kept to eight bits
-        {TimeForm::clock,   "3:00",  3, 0 },
-        {TimeForm::clock,   ":10",   0, 10},
-        {TimeForm::clock,   "1:75",  1, 75},
-        {TimeForm::clock,   "1:2:3", 1, 2 },
+        {TimeForm::seconds, "90", 1, 30}, {TimeForm::seconds, "59.9", 0, 59},
+        {TimeForm::seconds, "", 0, 0},    {TimeForm::seconds, "15420", 1, 0}, // 257 minutes are kept to eight bits
+        {TimeForm::clock, "3:00", 3, 0},  {TimeForm::clock, ":10", 0, 10},
+        {TimeForm::clock, "1:75", 1, 75}, {TimeForm::clock, "1:2:3", 1, 2},
     };
     for (const auto& c : cases) {
         rules.time_form = c.form;
@@ -145,13 +131,10 @@ TEST_F(EncodeLevel, rate_divides_by_255_and_multiplies_by_256) {
         int high, low;
     };
     const Case cases[] = {
-        {RateRule::high_byte_by_255, "0",   0,  0  },
-        {RateRule::high_byte_by_255, "255", 0,  255},
-        {RateRule::high_byte_by_255, "256", 1,  0  },
-        {RateRule::high_byte_by_255, "300", 1,  44 },
-        {RateRule::high_byte_by_255, "510", 2,  254}, // reads back as 766
-        {RateRule::high_byte_by_10,  "10",  0,  10 },
-        {RateRule::high_byte_by_10,  "300", 30, 255}, // low stays unset
+        {RateRule::high_byte_by_255, "0", 0, 0},     {RateRule::high_byte_by_255, "255", 0, 255},
+        {RateRule::high_byte_by_255, "256", 1, 0},   {RateRule::high_byte_by_255, "300", 1, 44},
+        {RateRule::high_byte_by_255, "510", 2, 254},                                              // reads back as 766
+        {RateRule::high_byte_by_10, "10", 0, 10},    {RateRule::high_byte_by_10, "300", 30, 255}, // low stays unset
     };
     for (const auto& c : cases) {
         image.reset();

@@ -60,12 +60,8 @@ TEST_F(TableCodecTest, faults_at_save_keep_table_and_flag_and_take_the_notice_aw
         int column;
         const char* text;
     };
-    for (const auto& c : {
-             Case{column::base,      "0.255"     },
-             Case{column::base,      "1234567890"},
-             Case{column::base,      ""          },
-             Case{column::time_each, "180"       }
-    }) {
+    for (const auto& c : {Case{column::base, "0.255"}, Case{column::base, "1234567890"}, Case{column::base, ""},
+                          Case{column::time_each, "180"}}) {
         program.new_protocol();
         program.enter("7.83");
         window().edit_displayBox.SetCell(1, c.column, c.text);

@@ -14,12 +14,11 @@ TEST(Composition, row_totals_by_the_way_the_row_came) {
         const char* new_row;
         const char* single_carry;
     } const cases[] = {
-        {"3:00",  1,  "3:00",    "3:00"   },
-        {":10",   19, "3:10",    "3:10"   },
-        {"1:30",  3,  "4:0-150", "4:0-150"}, // sixty times all minutes go
-        {":10",   6,  "1:00",    "0:60"   }, // 59 is the limit in one, 60 in the other
-        {"20:00", 4,  "20:00",   "80:00"  }, // minutes go to hours that are not shown
-        {":",     5,  "0:00",    "0:00"   },
+        {"3:00", 1, "3:00", "3:00"},       {":10", 19, "3:10", "3:10"},
+        {"1:30", 3, "4:0-150", "4:0-150"}, // sixty times all minutes go
+        {":10", 6, "1:00", "0:60"},        // 59 is the limit in one, 60 in the other
+        {"20:00", 4, "20:00", "80:00"},    // minutes go to hours that are not shown
+        {":", 5, "0:00", "0:00"},
     };
     for (const Case& c : cases) {
         const ClockTime each = minutes_and_seconds(c.each);

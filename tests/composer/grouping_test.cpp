@@ -30,15 +30,15 @@ TEST(Grouping, a_run_is_measured_from_its_first_member) {
         std::vector<double> list;
         const char* rows;
     } const cases[] = {
-        {{},                      ""                          },
-        {{100},                   "(100)"                     },
+        {{}, ""},
+        {{100}, "(100)"},
         {{120, 117.9F, 110, 100}, "120 117.9 110[5@115] (100)"},
-        {{100.5, 100},            "100.5 100[1@101]"          }, // at least 1
-        {{118, 100},              "(118) (100)"               }, // exactly 18 apart
-        {{117.9F, 100},           "117.9 100[8@108]"          },
-        {{110, 101},              "110 101[4@105]"            },
-        {{0, 50, 0, 45, 0},       "(50) (45)"                 }, // a 0 gives no row and ends a run
-        {{10, 20, 30, 40},        "10 20[5@15] 30 40[5@35]"   }, // a list sorted upward stays so
+        {{100.5, 100}, "100.5 100[1@101]"}, // at least 1
+        {{118, 100}, "(118) (100)"},        // exactly 18 apart
+        {{117.9F, 100}, "117.9 100[8@108]"},
+        {{110, 101}, "110 101[4@105]"},
+        {{0, 50, 0, 45, 0}, "(50) (45)"},              // a 0 gives no row and ends a run
+        {{10, 20, 30, 40}, "10 20[5@15] 30 40[5@35]"}, // a list sorted upward stays so
     };
     for (const Case& c : cases) {
         EXPECT_EQ(grouped(c.list), c.rows);

@@ -58,9 +58,9 @@ TEST_F(ConsolidatorTest, columns_become_lists_whatever_their_line_ends) {
         const char* commas;
     } const cases[] = {
         {"1\n2\r\n3\r4\n", "1, 2, 3, 4, ", "1: 2: 3: 4: "},
-        {"1\t2",           "1, 2",         "1: 2"        },
-        {"1\n\n\n2",       "1, 2",         "1: 2"        }, // folded until nothing is left to fold
-        {", , , , , ,",    ",",            ", , , , , ," },
+        {"1\t2", "1, 2", "1: 2"},
+        {"1\n\n\n2", "1, 2", "1: 2"}, // folded until nothing is left to fold
+        {", , , , , ,", ",", ", , , , , ,"},
     };
     for (const Case& c : cases) {
         app.use_euro = false;

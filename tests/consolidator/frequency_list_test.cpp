@@ -50,15 +50,15 @@ TEST(FrequencyList, parses_what_stands_in_the_text) {
         DecimalMark mark;
         std::vector<double> numbers;
     } const cases[] = {
-        {"",                      point, {0}                                         },
-        {"5",                     point, {5, 0}                                      },
-        {"3, 1, 2,",              point, {3, 1, 2, 0}                                },
-        {"3, ,",                  point, {3, 0, 0}                                   }, // one empty piece counts
+        {"", point, {0}},
+        {"5", point, {5, 0}},
+        {"3, 1, 2,", point, {3, 1, 2, 0}},
+        {"3, ,", point, {3, 0, 0}}, // one empty piece counts
         {"1.5Hz, -2, a7b, 1.2.5", point, {static_cast<double>(0.015F), 2, 7, 12.5, 0}},
-        {"1,5 : 2,5,1",           comma, {1.5, static_cast<double>(0.251F), 0}       }, // a second comma is one more place
-        {"1.5, 2.5",              comma, {152.5, 0}                                  }, // the other notation: one entry
-        {"123456.781,123456.782", point, {123456.78125, 123456.78125, 0}             },
-        {"16777217",              point, {16777216, 0}                               },
+        {"1,5 : 2,5,1", comma, {1.5, static_cast<double>(0.251F), 0}}, // a second comma is one more place
+        {"1.5, 2.5", comma, {152.5, 0}},                               // the other notation: one entry
+        {"123456.781,123456.782", point, {123456.78125, 123456.78125, 0}},
+        {"16777217", point, {16777216, 0}},
     };
     for (const Case& c : cases) {
         const FrequencyList list = read_frequency_list(c.text, c.mark);
@@ -108,14 +108,14 @@ TEST(FrequencyList, removal_keeps_the_last_of_equals_and_reports_by_scan) {
         const char* left;
         std::string report;
     } const cases[] = {
-        {"1, 2, 2, 3",       "1, 2, 3, 0", "\r1 duplicates of frequency 2" + removed},
-        {"5, 7, 5",          "7, 5, 0",    "\r1 duplicates of frequency 7" + removed}, // in front of the match
+        {"1, 2, 2, 3", "1, 2, 3, 0", "\r1 duplicates of frequency 2" + removed},
+        {"5, 7, 5", "7, 5, 0", "\r1 duplicates of frequency 7" + removed},             // in front of the match
         {"1, 1, 2, 2, 3, 3", "1, 2, 3, 0", "\r3 duplicates of frequency 3" + removed}, // one scan for all three
-        {"3, 3, 3, 3",       "3, 0",       "\r2 duplicates of frequency 3" + removed}, // the second scan's is beyond
-        {"0, 0, 1, 2, 3",    "1, 2, 3, 0",
+        {"3, 3, 3, 3", "3, 0", "\r2 duplicates of frequency 3" + removed},             // the second scan's is beyond
+        {"0, 0, 1, 2, 3", "1, 2, 3, 0",
          "\r1 duplicates of frequency 3" + removed + "\r1 duplicates of frequency 3" +
-             removed                                                                }, // found in the 0 at the end
-        {"4",                "4, 0",       ""                                       },
+             removed}, // found in the 0 at the end
+        {"4", "4, 0", ""},
     };
     for (const Case& c : cases) {
         const RemovalResult result = remove_duplicates(numbers_of(c.text));

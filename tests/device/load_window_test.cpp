@@ -110,14 +110,7 @@ TEST_F(LoadTest, a_restored_port_is_not_opened_and_not_set_up) {
 TEST_F(LoadTest, ports_beyond_the_fourth_are_listed_and_choosing_them_changes_no_port) {
     choose_port();
     EmulatedPorts six(generator, program.desktop.simulated_clock,
-                      {
-                          {"Zephon emulator", "emulated"},
-                          {"b",               "b"       },
-                          {"c",               "c"       },
-                          {"d",               "d"       },
-                          {"e",               "e"       },
-                          {"f",               "f"       }
-    });
+                      {{"Zephon emulator", "emulated"}, {"b", "b"}, {"c", "c"}, {"d", "d"}, {"e", "e"}, {"f", "f"}});
     program.desktop.connect(six);
     app.Window1->activate();
     app.choose_menu("SettingsSetSerialPort"); // lists what has been plugged in since
@@ -219,13 +212,11 @@ TEST_F(LoadTest, an_answer_in_two_parts_or_a_wrong_one_is_a_miss) {
 }
 
 TEST_F(LoadTest, late_acknowledges_and_stray_bytes_within_the_tries_do_no_harm) {
-    for (const Failure& failure : {
-             Failure{.mode = FailureMode::handshake_stale_bytes, .level = 1, .times = 1},
-             Failure{.mode = FailureMode::address_ack_late,                                          .level = 2               },
-             Failure{.mode = FailureMode::data_ack_late,                                          .level = 50   },
-             Failure{.mode = FailureMode::address_stray_bytes,                                          .level = 9         },
-             Failure{.mode = FailureMode::data_stray_bytes,                                          .level = 1      }
-    }) {
+    for (const Failure& failure : {Failure{.mode = FailureMode::handshake_stale_bytes, .level = 1, .times = 1},
+                                   Failure{.mode = FailureMode::address_ack_late, .level = 2},
+                                   Failure{.mode = FailureMode::data_ack_late, .level = 50},
+                                   Failure{.mode = FailureMode::address_stray_bytes, .level = 9},
+                                   Failure{.mode = FailureMode::data_stray_bytes, .level = 1}}) {
         generator.set_failure(failure);
         generator.press_receive();
         load_bank_7();
@@ -278,9 +269,9 @@ TEST_F(LoadTest, a_hang_up_at_any_step_is_told_and_the_port_can_be_chosen_again)
         const char* message;
     };
     const Case cases[] = {
-        {FailureMode::handshake_hang_up,      "No Connection Found"                      },
-        {FailureMode::address_hang_up,        "Bank 07\rAddress 18  192 Not Acknowledged"},
-        {FailureMode::data_hang_up,           "Data not Accepted. Level: 3"              },
+        {FailureMode::handshake_hang_up, "No Connection Found"},
+        {FailureMode::address_hang_up, "Bank 07\rAddress 18  192 Not Acknowledged"},
+        {FailureMode::data_hang_up, "Data not Accepted. Level: 3"},
         {FailureMode::between_levels_hang_up, "Bank 07\rAddress 18  192 Not Acknowledged"},
     };
     for (const auto& c : cases) {

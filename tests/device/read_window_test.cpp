@@ -114,20 +114,20 @@ TEST_F(ReadTest, all_twelve_columns_are_shown_as_the_generator_holds_them) {
         const char* row;
     };
     const Case cases[] = {
-        {hz_7_83,                  hz_7_83_row                                                                },
-        {sweep_at_rate_300,        "|Sweep Increasing|1234.56|200|201|1:30|05:01:30|ON|300|Sine|50%|Negative" },
+        {hz_7_83, hz_7_83_row},
+        {sweep_at_rate_300, "|Sweep Increasing|1234.56|200|201|1:30|05:01:30|ON|300|Sine|50%|Negative"},
         {"01e240020500aa01ff0000", "|Sweep Decreasing|12345.6|255|256|0:05|00:21:20|OFF|0|Triangle|10%|Offset"},
         {"01e24001000314098000ff", "|Spread Expanding|123456|128|257|3:00|12:51:00|ON|255|Square|90%|Positive"},
-        {"0001f4083b0000000302fe", "|Spread Contracting|.500|3|7|0:59|00:06:53|ON|766|Square||Negative"       },
-        {"001e960800011103090001", "|Single Frequency|007.830||1|1:00|00:01:00|ON|1|Square|30%|Positive"      },
-        {"001e960800015303090001", "|Single Frequency|007.830||1|1:00|00:01:00|ON|1|Sine|30%|Positive"        },
-        {"001e960800012f03090001", "|Single Frequency|007.830||1|1:00|00:01:00|OFF|1|Square|30%|Offset"       },
-        {"0000000801001503000001", "|Single Frequency|||1|0:01|00:00:01|ON|1|Square|30%|Positive"             },
-        {"0000000800001503070101", "|blank||||||||||"                                                         },
-        {"001e9608ffff1503000001", "|blank||||||||||"                                                         },
-        {"001e96083bff1503000001", "|Single Frequency|007.830||1|255:59|04:15:59|ON|1|Square|30%|Positive"    },
-        {"ff0100080002f50a000001", "|Single Frequency|.256||1|2:00|00:02:00|ON|1|||"                          },
-        {"001e960000021503000001", "|Single Frequency|||1|2:00|00:02:00|ON|1|Square|30%|Positive"             },
+        {"0001f4083b0000000302fe", "|Spread Contracting|.500|3|7|0:59|00:06:53|ON|766|Square||Negative"},
+        {"001e960800011103090001", "|Single Frequency|007.830||1|1:00|00:01:00|ON|1|Square|30%|Positive"},
+        {"001e960800015303090001", "|Single Frequency|007.830||1|1:00|00:01:00|ON|1|Sine|30%|Positive"},
+        {"001e960800012f03090001", "|Single Frequency|007.830||1|1:00|00:01:00|OFF|1|Square|30%|Offset"},
+        {"0000000801001503000001", "|Single Frequency|||1|0:01|00:00:01|ON|1|Square|30%|Positive"},
+        {"0000000800001503070101", "|blank||||||||||"},
+        {"001e9608ffff1503000001", "|blank||||||||||"},
+        {"001e96083bff1503000001", "|Single Frequency|007.830||1|255:59|04:15:59|ON|1|Square|30%|Positive"},
+        {"ff0100080002f50a000001", "|Single Frequency|.256||1|2:00|00:02:00|ON|1|||"},
+        {"001e960000021503000001", "|Single Frequency|||1|2:00|00:02:00|ON|1|Square|30%|Positive"},
     };
     const int count = static_cast<int>(std::size(cases));
     for (int i = 0; i < count; ++i) {
@@ -256,8 +256,8 @@ TEST_F(ReadTest, one_byte_wrong_on_the_line_shows_as_it_came) {
         const char* others; // behind it
     };
     const Case cases[] = {
-        {FailureMode::sending_byte_lost,    too_early,   too_early  },
-        {FailureMode::sending_byte_doubled, too_late,    too_late   },
+        {FailureMode::sending_byte_lost, too_early, too_early},
+        {FailureMode::sending_byte_doubled, too_late, too_late},
         {FailureMode::sending_byte_flipped, hz_7_83_row, hz_7_83_row}, // a high byte of 255 counts as 0
     };
     for (const auto& c : cases) {
@@ -493,16 +493,16 @@ TEST_F(RoundTrip, what_a_bank_cannot_hold_comes_back_otherwise) {
         const char* row;
     };
     const Case cases[] = {
-        {column::base,       "7.83",     "|Single Frequency|007.830||1|3:00|00:03:00|ON|1|Square|70%|Positive"  },
-        {column::base,       "1234.567", "|Single Frequency|2345.67||1|3:00|00:03:00|ON|1|Square|70%|Positive"  },
-        {column::base,       ".5",       "|Single Frequency|||1|3:00|00:03:00|ON|1|Square|70%|Positive"         },
-        {column::rate,       "509",      "|Single Frequency|007.830||1|3:00|00:03:00|ON|509|Square|70%|Positive"},
-        {column::rate,       "510",      "|Single Frequency|007.830||1|3:00|00:03:00|ON|766|Square|70%|Positive"},
-        {column::output,     "Offset",   "|Single Frequency|007.830||1|3:00|00:03:00|OFF|1|Square|70%|Offset"   },
-        {column::width,      "200",      "|Single Frequency|007.830||1|3:00|00:03:00|ON|1|Square|70%|Positive"  },
-        {column::wave_shape, "Sine",     "|Single Frequency|007.830||1|3:00|00:03:00|ON|1|Sine|70%|Positive"    },
-        {column::waveform,   "Sweep",    "|Single Frequency|007.830||1|3:00|00:03:00|ON|1|Square|70%|Positive"  },
-        {column::time_each,  "0:00",     "|Single Frequency|007.830||1|0:00|00:00:00|ON|1|Square|70%|Positive"  },
+        {column::base, "7.83", "|Single Frequency|007.830||1|3:00|00:03:00|ON|1|Square|70%|Positive"},
+        {column::base, "1234.567", "|Single Frequency|2345.67||1|3:00|00:03:00|ON|1|Square|70%|Positive"},
+        {column::base, ".5", "|Single Frequency|||1|3:00|00:03:00|ON|1|Square|70%|Positive"},
+        {column::rate, "509", "|Single Frequency|007.830||1|3:00|00:03:00|ON|509|Square|70%|Positive"},
+        {column::rate, "510", "|Single Frequency|007.830||1|3:00|00:03:00|ON|766|Square|70%|Positive"},
+        {column::output, "Offset", "|Single Frequency|007.830||1|3:00|00:03:00|OFF|1|Square|70%|Offset"},
+        {column::width, "200", "|Single Frequency|007.830||1|3:00|00:03:00|ON|1|Square|70%|Positive"},
+        {column::wave_shape, "Sine", "|Single Frequency|007.830||1|3:00|00:03:00|ON|1|Sine|70%|Positive"},
+        {column::waveform, "Sweep", "|Single Frequency|007.830||1|3:00|00:03:00|ON|1|Square|70%|Positive"},
+        {column::time_each, "0:00", "|Single Frequency|007.830||1|0:00|00:00:00|ON|1|Square|70%|Positive"},
     };
     program.new_protocol();
     for (const Case& c : cases) {

@@ -10,13 +10,7 @@ TEST(Wire, banks_begin_every_800_bytes) {
     struct Case {
         int bank, high, low;
     };
-    for (const auto& c : {
-             Case{1,  0,   0  },
-             {2,  3,   32 },
-             {7,  18,  192},
-             {9,  25,  0  },
-             {40, 121, 224}
-    }) {
+    for (const auto& c : {Case{1, 0, 0}, {2, 3, 32}, {7, 18, 192}, {9, 25, 0}, {40, 121, 224}}) {
         const auto address = wire::bank_address(c.bank);
         EXPECT_EQ(address.high, c.high) << c.bank;
         EXPECT_EQ(address.low, c.low) << c.bank;

@@ -34,12 +34,7 @@ TEST_F(EditWindowTest, opening_takes_the_time_by_the_defaults_and_not_by_the_con
         int wave, format;
         const char* time;
     };
-    for (const auto& c : {
-             Case{0, 1, "3:00"},
-             {0, 0, "180" },
-             {2, 1, ":10" },
-             {2, 0, "10"  }
-    }) {
+    for (const auto& c : {Case{0, 1, "3:00"}, {0, 0, "180"}, {2, 1, ":10"}, {2, 0, "10"}}) {
         app.editwindow.Close();
         app.defaultwave = c.wave;
         app.default_timeformat = c.format;

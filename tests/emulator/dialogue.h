@@ -51,9 +51,7 @@ inline void append_level(Script& script, int address, const LevelBytes& bytes, B
 }
 
 inline Script load_script(int levels = 50) {
-    Script script = {
-        {0, 'V'}
-    };
+    Script script = {{0, 'V'}};
     append_level(script, 4800, hz_7_83, 4, 10'000);
     for (int level = 2; level <= levels; ++level) {
         append_level(script, 4800 + 16 * (level - 1), unset_level, 15, 0);

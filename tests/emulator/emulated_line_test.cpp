@@ -14,9 +14,7 @@ struct EmulatedLineTest : ::testing::Test {
     SimulatedClock clock;
     SerialPort port{"Zephon emulator", "emulated"};
     SerialPort other{"ttyS0", "/dev/ttyS0"};
-    EmulatedPorts ports{
-        generator, clock, {port, other}
-    };
+    EmulatedPorts ports{generator, clock, {port, other}};
 
     std::unique_ptr<SerialLine> open() { return ports.open(port, {}); }
     static void call(SerialLine& line) { line.write(Bytes{'V'}); }

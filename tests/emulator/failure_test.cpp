@@ -80,29 +80,29 @@ TEST(Failure, EachMode_EndsTheLoadAsItSays) {
         const char* outcome;
         int stored; // levels that the generator has taken
     } cases[] = {
-        {FailureMode::none,                   1,  "loaded",        50},
-        {FailureMode::handshake_silent,       1,  "no connection", 0 },
-        {FailureMode::handshake_split,        1,  "no connection", 0 },
-        {FailureMode::handshake_late,         1,  "loaded",        50},
-        {FailureMode::handshake_wrong_first,  1,  "no connection", 0 },
-        {FailureMode::handshake_wrong_second, 1,  "no connection", 0 },
-        {FailureMode::handshake_stale_bytes,  1,  "loaded",        50},
-        {FailureMode::handshake_hang_up,      1,  "no connection", 0 },
-        {FailureMode::address_ack_lost,       1,  "address 1",     0 },
-        {FailureMode::address_ack_lost,       50, "address 50",    49},
-        {FailureMode::address_ack_late,       7,  "loaded",        50},
-        {FailureMode::address_ack_too_late,   7,  "address 7",     6 },
-        {FailureMode::address_ack_wrong,      7,  "address 7",     6 },
-        {FailureMode::address_stray_bytes,    7,  "loaded",        50},
-        {FailureMode::address_hang_up,        7,  "address 7",     6 },
-        {FailureMode::data_ack_lost,          1,  "data 1",        1 },
-        {FailureMode::data_ack_lost,          50, "data 50",       50},
-        {FailureMode::data_ack_late,          7,  "loaded",        50},
-        {FailureMode::data_ack_too_late,      7,  "data 7",        7 },
-        {FailureMode::data_ack_wrong,         7,  "data 7",        7 },
-        {FailureMode::data_stray_bytes,       7,  "loaded",        50},
-        {FailureMode::data_hang_up,           7,  "data 7",        6 },
-        {FailureMode::between_levels_hang_up, 7,  "address 8",     7 },
+        {FailureMode::none, 1, "loaded", 50},
+        {FailureMode::handshake_silent, 1, "no connection", 0},
+        {FailureMode::handshake_split, 1, "no connection", 0},
+        {FailureMode::handshake_late, 1, "loaded", 50},
+        {FailureMode::handshake_wrong_first, 1, "no connection", 0},
+        {FailureMode::handshake_wrong_second, 1, "no connection", 0},
+        {FailureMode::handshake_stale_bytes, 1, "loaded", 50},
+        {FailureMode::handshake_hang_up, 1, "no connection", 0},
+        {FailureMode::address_ack_lost, 1, "address 1", 0},
+        {FailureMode::address_ack_lost, 50, "address 50", 49},
+        {FailureMode::address_ack_late, 7, "loaded", 50},
+        {FailureMode::address_ack_too_late, 7, "address 7", 6},
+        {FailureMode::address_ack_wrong, 7, "address 7", 6},
+        {FailureMode::address_stray_bytes, 7, "loaded", 50},
+        {FailureMode::address_hang_up, 7, "address 7", 6},
+        {FailureMode::data_ack_lost, 1, "data 1", 1},
+        {FailureMode::data_ack_lost, 50, "data 50", 50},
+        {FailureMode::data_ack_late, 7, "loaded", 50},
+        {FailureMode::data_ack_too_late, 7, "data 7", 7},
+        {FailureMode::data_ack_wrong, 7, "data 7", 7},
+        {FailureMode::data_stray_bytes, 7, "loaded", 50},
+        {FailureMode::data_hang_up, 7, "data 7", 6},
+        {FailureMode::between_levels_hang_up, 7, "address 8", 7},
     };
     for (const auto& [mode, level, outcome, stored] : cases) {
         SCOPED_TRACE(std::string(name(mode)) + " at " + std::to_string(level));
@@ -144,13 +144,13 @@ TEST(Failure, InAHandshakePlayedOnce_TheProgramGetsThroughWithinItsTries) {
         FailureMode mode;
         int tries;
     } cases[] = {
-        {FailureMode::none,                   1 },
-        {FailureMode::handshake_silent,       2 },
-        {FailureMode::handshake_split,        12}, // lost answers are repeated after ten more calls
-        {FailureMode::handshake_late,         3 },
-        {FailureMode::handshake_wrong_first,  11},
+        {FailureMode::none, 1},
+        {FailureMode::handshake_silent, 2},
+        {FailureMode::handshake_split, 12}, // lost answers are repeated after ten more calls
+        {FailureMode::handshake_late, 3},
+        {FailureMode::handshake_wrong_first, 11},
         {FailureMode::handshake_wrong_second, 11},
-        {FailureMode::handshake_stale_bytes,  11},
+        {FailureMode::handshake_stale_bytes, 11},
     };
     for (const auto& [mode, tries] : cases) {
         Generator generator;

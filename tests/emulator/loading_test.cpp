@@ -67,9 +67,7 @@ TEST(Loading, FiftyLevels_EndReceiveModeUnlessToldToStay) {
 
 TEST(Loading, WrapOfTheLowAddressByte_IsCarried) {
     InReceiveMode generator;
-    Script script = {
-        {0, 'V'}
-    };
+    Script script = {{0, 'V'}};
     for (int level = 1; level <= 17; ++level) {
         append_level(script, 16 * (level - 1), unset_level, 15, level == 1 ? 10'000 : 0);
     }
@@ -88,21 +86,21 @@ TEST(Loading, EachBreach_IsRemembered) {
         Then then; // a level with wrong bytes is neither stored nor acknowledged
         const char* violation;
     } cases[] = {
-        {record_at + 2,  {5'000, 151},   Then::refused, "check byte 30 / byte 31"                                 },
-        {record_at + 11, {5'000, 0},     Then::refused, "check byte 31 / byte 0"                                  },
-        {count_at,       {5'000, 5},     Then::refused, "count byte 4 / byte 5"                                   },
-        {padding_at + 3, {5'000, 0},     Then::refused, "padding, byte 255 / byte 0"                              },
+        {record_at + 2, {5'000, 151}, Then::refused, "check byte 30 / byte 31"},
+        {record_at + 11, {5'000, 0}, Then::refused, "check byte 31 / byte 0"},
+        {count_at, {5'000, 5}, Then::refused, "count byte 4 / byte 5"},
+        {padding_at + 3, {5'000, 0}, Then::refused, "padding, byte 255 / byte 0"},
         {low_at,
          {10'000, 193},
          Then::refused,
-         "the start of a bank / address 4801 (18, 193); a call, byte 86 / byte 0"                                 },
-        {record_at + 5,  {6'000'000, 3}, Then::refused, "the rest of the load / nothing; a call, byte 86 / byte 3"},
-        {high_at,        {9'999, 18},    Then::stored,  "10000 us after call / 1 us"                              },
-        {low_at,         {9'000, 192},   Then::stored,  "10000 us after address_high / 1000 us"                   },
-        {record_at + 1,  {5'000, 30},    Then::stored,  "10000 us after first_byte / 5000 us"                     },
-        {record_at + 11, {4'990, 31},    Then::stored,  "5000 us after further_byte / 10 us"                      },
-        {padding_at,     {0, 255},       Then::stored,  "5000 us after further_byte / 5000 us"                    },
-        {count_at,       {4'999, 4},     Then::stored,  "5000 us after padding / 1 us"                            },
+         "the start of a bank / address 4801 (18, 193); a call, byte 86 / byte 0"},
+        {record_at + 5, {6'000'000, 3}, Then::refused, "the rest of the load / nothing; a call, byte 86 / byte 3"},
+        {high_at, {9'999, 18}, Then::stored, "10000 us after call / 1 us"},
+        {low_at, {9'000, 192}, Then::stored, "10000 us after address_high / 1000 us"},
+        {record_at + 1, {5'000, 30}, Then::stored, "10000 us after first_byte / 5000 us"},
+        {record_at + 11, {4'990, 31}, Then::stored, "5000 us after further_byte / 10 us"},
+        {padding_at, {0, 255}, Then::stored, "5000 us after further_byte / 5000 us"},
+        {count_at, {4'999, 4}, Then::stored, "5000 us after padding / 1 us"},
     };
     for (const auto& [place, instead, then, violation] : cases) {
         InReceiveMode generator;
@@ -197,8 +195,8 @@ TEST(Loading, SenderThatGaveUpOnALateReader_BeginsAnewWithoutABreach) {
         std::size_t bytes; // of the load that is given up
         const char* behind;
     } cases[] = {
-        {low_at + 1,   "the address"},
-        {count_at + 1, "the record" },
+        {low_at + 1, "the address"},
+        {count_at + 1, "the record"},
     };
     for (const auto& [bytes, behind] : cases) {
         InReceiveMode generator;

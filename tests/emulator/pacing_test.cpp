@@ -21,31 +21,14 @@ std::vector<Microseconds> slacks(std::initializer_list<Arrival> arrivals) {
 using Slacks = std::vector<Microseconds>;
 
 TEST(Pacing, ExactTimes_ShortWait_IsToldOnceAndByHowMuch) {
-    EXPECT_EQ(slacks({
-                  {0,      0     },
-                  {5'000,  5'000 },
-                  {9'999,  9'999 },
-                  {14'999, 14'999}
-    }),
-              (Slacks{0, -1, 0}));
+    EXPECT_EQ(slacks({{0, 0}, {5'000, 5'000}, {9'999, 9'999}, {14'999, 14'999}}), (Slacks{0, -1, 0}));
 }
 
 TEST(Pacing, ReaderWokeLate_ShortLookingGap_IsNotHeldAgainstTheSender) {
     // The second byte came at 5,000 and was read at 9,000; the third came at 10,000.
-    EXPECT_EQ(slacks({
-                  {0,     0     },
-                  {4'500, 9'000 },
-                  {9'500, 10'000}
-    }),
-              (Slacks{4'000, 0}));
+    EXPECT_EQ(slacks({{0, 0}, {4'500, 9'000}, {9'500, 10'000}}), (Slacks{4'000, 0}));
     // Held up for three bytes: they are read together.
-    EXPECT_EQ(slacks({
-                  {0,     0     },
-                  {4'500, 15'000},
-                  {4'500, 15'000},
-                  {4'500, 15'000}
-    }),
-              (Slacks{10'000, 5'000, 0}));
+    EXPECT_EQ(slacks({{0, 0}, {4'500, 15'000}, {4'500, 15'000}, {4'500, 15'000}}), (Slacks{10'000, 5'000, 0}));
 }
 
 TEST(Pacing, EveryWaitALittleShort_AddsUpUntilItIsCertain) {
@@ -61,12 +44,7 @@ TEST(Pacing, EveryWaitALittleShort_AddsUpUntilItIsCertain) {
 }
 
 TEST(Pacing, ClockStepsBack_NothingIsMeasuredAcrossTheStep) {
-    EXPECT_EQ(slacks({
-                  {9'000, 9'000},
-                  {2'000, 2'000},
-                  {7'500, 7'500}
-    }),
-              (Slacks{500}));
+    EXPECT_EQ(slacks({{9'000, 9'000}, {2'000, 2'000}, {7'500, 7'500}}), (Slacks{500}));
 }
 
 TEST(Pacing, PrescribedWaits_AreTheDialogues) {

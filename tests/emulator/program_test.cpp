@@ -264,18 +264,11 @@ TEST_F(EmulatorProgram, Reading_SendsTheBankPartByPart) {
     Client client(child.device);
     EXPECT_EQ(child.ask("5 2 7 #"), Lines{"ok"});
     EXPECT_TRUE(client.gets({'V', 'V'})); // until it is answered
-    client.play({
-        {0,     170},
-        {5'000, 6  }
-    });
+    client.play({{0, 170}, {5'000, 6}});
     EXPECT_TRUE(client.gets_behind_calls({18, 192}));
-    client.play({
-        {12'000, 6}
-    });
+    client.play({{12'000, 6}});
     EXPECT_TRUE(client.gets({0x00, 0x1e, 0x96, 8, 0, 3, 0x1d, 5, 0, 0, 0, 0x1f, 255, 255, 255, 255, 4}));
-    client.play({
-        {12'000, 6}
-    });
+    client.play({{12'000, 6}});
     EXPECT_TRUE(client.gets({18, 208}));
     EXPECT_EQ(child.ask("violations"), (Lines{"0", "ok"}));
     EXPECT_EQ(child.errors(), "");
@@ -288,11 +281,7 @@ TEST_F(EmulatorProgram, ReadingThatHangsUp_HangsUpTheRealLineBetweenTwoParts) {
     child.ask("5 2 7 #");
     Client client(child.device);
     EXPECT_TRUE(client.gets({'V'}));
-    client.play({
-        {0,      170},
-        {5'000,  6  },
-        {12'000, 6  }
-    });
+    client.play({{0, 170}, {5'000, 6}, {12'000, 6}});
     EXPECT_TRUE(comes_true([&] { return client.hung_up(); }));
     child.take_device(child.lines_until([](const std::string&) { return true; }).front());
     Client again(child.device);
@@ -368,9 +357,7 @@ TEST_F(EmulatorProgram, Announcement_ComesAndGoesHoweverTheProgramEnds) {
     for (const int signal : {0, SIGTERM, SIGINT}) {
         Child child({"--port-name", "Bench"});
         child.start();
-        EXPECT_EQ(announced_ports(), (std::vector<SerialPort>{
-                                         {"Bench", link("Bench").string()}
-        }));
+        EXPECT_EQ(announced_ports(), (std::vector<SerialPort>{{"Bench", link("Bench").string()}}));
         EXPECT_EQ(fs::read_symlink(link("Bench")), child.device);
         if (signal == 0) {
             EXPECT_EQ(child.ask("quit"), Lines{"ok"});

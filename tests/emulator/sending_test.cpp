@@ -134,13 +134,7 @@ void expect_breach(const Script& script, const std::string& violation, Then then
 }
 
 TEST(Sending, EachBreach_IsRemembered) {
-    const Script good = {
-        {0,      170},
-        {5'000,  6  },
-        {12'000, 6  },
-        {10,     6  },
-        {12'000, 6  }
-    };
+    const Script good = {{0, 170}, {5'000, 6}, {12'000, 6}, {10, 6}, {12'000, 6}};
     const auto with = [&](std::size_t place, Sent instead) {
         Script script(good.begin(), good.begin() + static_cast<std::ptrdiff_t>(place));
         script.push_back(instead);
@@ -306,15 +300,9 @@ TEST(BlindReader, FiftyLevelsArriveAtEveryPaceAndLatency) {
         Microseconds latency;
         std::size_t read;
     } cases[] = {
-        {Pace::unpaced,    0,      969},
-        {Pace::unpaced,    1'000,  969},
-        {Pace::unpaced,    11'000, 969},
-        {Pace::unpaced,    16'000, 954},
-        {Pace::line_speed, 0,      969},
-        {Pace::line_speed, 1'000,  969},
-        {Pace::line_speed, 3'000,  969},
-        {Pace::line_speed, 11'000, 955},
-        {Pace::line_speed, 16'000, 951},
+        {Pace::unpaced, 0, 969},        {Pace::unpaced, 1'000, 969},     {Pace::unpaced, 11'000, 969},
+        {Pace::unpaced, 16'000, 954},   {Pace::line_speed, 0, 969},      {Pace::line_speed, 1'000, 969},
+        {Pace::line_speed, 3'000, 969}, {Pace::line_speed, 11'000, 955}, {Pace::line_speed, 16'000, 951},
     };
     const Bytes whole = whole_bank(7);
     for (const auto& [pace, latency, read] : cases) {

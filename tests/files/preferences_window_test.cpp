@@ -32,15 +32,11 @@ TEST(TimeDefault, one_text_makes_the_other) {
         TimeDefault result;
     };
     const Case cases[] = {
-        {TimeForm::seconds, "45",   {"45", "00:45"}    },
-        {TimeForm::seconds, "5",    {"5", "00:05"}     },
-        {TimeForm::seconds, "59.9", {"59.9", "00:59"}  },
-        {TimeForm::seconds, "60",   {"60", "3:001:00"} },
-        {TimeForm::seconds, "150",  {"150", "3:002:30"}}, // behind the old text: that is how it is meant
-        {TimeForm::clock,   "2:30", {"150", "2:30"}    },
-        {TimeForm::clock,   ":10",  {"10", ":10"}      },
-        {TimeForm::clock,   "230",  {"150", "230"}     },
-        {TimeForm::clock,   "",     {"0", ""}          },
+        {TimeForm::seconds, "45", {"45", "00:45"}},      {TimeForm::seconds, "5", {"5", "00:05"}},
+        {TimeForm::seconds, "59.9", {"59.9", "00:59"}},  {TimeForm::seconds, "60", {"60", "3:001:00"}},
+        {TimeForm::seconds, "150", {"150", "3:002:30"}}, // behind the old text: that is how it is meant
+        {TimeForm::clock, "2:30", {"150", "2:30"}},      {TimeForm::clock, ":10", {"10", ":10"}},
+        {TimeForm::clock, "230", {"150", "230"}},        {TimeForm::clock, "", {"0", ""}},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(set_time_default({"180", "3:00"}, c.typed, c.form), c.result) << c.typed;

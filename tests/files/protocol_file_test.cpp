@@ -83,9 +83,9 @@ TEST(ReadRecord, keeps_the_check_byte_signed) {
         int errorchk;
     };
     const Case cases[] = {
-        {"\x7f", 127 },
+        {"\x7f", 127},
         {"\x80", -128},
-        {"\xff", -1  },
+        {"\xff", -1},
     };
     for (const auto& c : cases) {
         const RegisterImage image = image_of(std::string(11, '\1') + c.last);
@@ -113,10 +113,10 @@ TEST(ReadRecord, what_a_short_file_lacks_is_zero) {
         const char* level_2;
     };
     const Case cases[] = {
-        {"",              "ff ff ff ff ff ff ff ff ff ff ff 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
-        {"a",             "61 00 00 00 00 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
-        {"\xfd",          "00 00 00 00 00 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
-        {"abcde",         "61 62 63 64 65 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
+        {"", "ff ff ff ff ff ff ff ff ff ff ff 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
+        {"a", "61 00 00 00 00 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
+        {"\xfd", "00 00 00 00 00 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
+        {"abcde", "61 62 63 64 65 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
         {"abcdefghijklm", "61 62 63 64 65 66 67 68 69 6a 6b 6c", "6d 00 00 00 00 00 00 00 00 00 00 00"},
     };
     for (const auto& c : cases) {
@@ -141,15 +141,9 @@ TEST(WriteProtocol, leaves_out_what_its_mark_takes_for_unset) {
         bool by_low_byte, by_high_byte;
     };
     const Case cases[] = {
-        {0,            true,  true },
-        {254,          true,  true },
-        {255,          false, true },
-        {256,          true,  true },
-        {511,          false, true },
-        {767,          false, true },
-        {999999,       true,  true },
-        {0xFF * 65536, true,  false},
-        {0xFFFFFF,     false, false},
+        {0, true, true},      {254, true, true},           {255, false, true},
+        {256, true, true},    {511, false, true},          {767, false, true},
+        {999999, true, true}, {0xFF * 65536, true, false}, {0xFFFFFF, false, false},
     };
     for (const auto& c : cases) {
         const RegisterImage image = with_words({c.word});

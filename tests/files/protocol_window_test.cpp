@@ -120,14 +120,14 @@ TEST_F(ProtocolFile, odd_files_are_taken_as_records) {
     };
     const std::string schumann = "|Single Frequency|007.830||1|3:00|00:03:00|ON|1|Square|70%|Positive";
     const Case cases[] = {
-        {"empty",             "",                                      {}                              },
-        {"blank level",       record(1) + blank_record + record(1),    {"1" + schumann, "2" + schumann}},
-        {"escape",            "\xfd" + record(1) + "\xfd" + record(1), {"1" + schumann, "2" + schumann}},
+        {"empty", "", {}},
+        {"blank level", record(1) + blank_record + record(1), {"1" + schumann, "2" + schumann}},
+        {"escape", "\xfd" + record(1) + "\xfd" + record(1), {"1" + schumann, "2" + schumann}},
         {"cut after 5 bytes",
-         std::string("\x00\x1e\x96\x08\x0a",                           5),
+         std::string("\x00\x1e\x96\x08\x0a", 5),
          {"1|Spread Contracting|007.830|0|1|0:10|00:00:10|ON|0|Square||Negative"}},
-        {"cut after 2 bytes",                   record(1) + std::string("\x00\x1e",                                        2),                    {"1" + schumann}}, // scale 0
-        {"foreign",   "<!DOCTYPE ht",                                          {"1|||69|1|84:67|01:25:07|OFF|8296|Sine||Positive"}                                              },
+        {"cut after 2 bytes", record(1) + std::string("\x00\x1e", 2), {"1" + schumann}}, // scale 0
+        {"foreign", "<!DOCTYPE ht", {"1|||69|1|84:67|01:25:07|OFF|8296|Sine||Positive"}},
     };
     for (const auto& c : cases) {
         app.editchanged = false;
@@ -236,8 +236,8 @@ TEST_F(ProtocolFile, three_levels_are_saved_as_the_documented_dump) {
         int pulse, shape, output;
     };
     const Level levels[] = {
-        {0, 0, "7.83",    "3:00", "1",   0, 0, 0}, // Single Frequency, ON, Square, Positive
-        {3, 4, "1234.56", "0:10", "20",  1, 1, 1}, // Sweep Increasing, OFF, Sine, Negative
+        {0, 0, "7.83", "3:00", "1", 0, 0, 0},      // Single Frequency, ON, Square, Positive
+        {3, 4, "1234.56", "0:10", "20", 1, 1, 1},  // Sweep Increasing, OFF, Sine, Negative
         {2, 9, "10000.5", "1:30", "300", 0, 2, 0}, // Spread Expanding, ON, Triangle, Positive
     };
     program.new_protocol();
@@ -340,12 +340,7 @@ TEST_F(ProtocolFile, only_one_type_has_content) {
         const char* type;
         std::size_t size;
     };
-    for (const auto& c : {
-             Case{".zp2", 12},
-             {".ZP2", 12},
-             {".csv", 0 },
-             {".tab", 0 }
-    }) {
+    for (const auto& c : {Case{".zp2", 12}, {".ZP2", 12}, {".csv", 0}, {".tab", 0}}) {
         app.datareset();
         app.fbyte0[1] = 7;
         app.filename = "a";

@@ -19,10 +19,7 @@ constexpr const char* default_line = "serial port,15;dutycycle,7;output,0;pulse,
 
 struct TwoPorts : SerialPorts {
     std::vector<SerialPort> list() override {
-        return {
-            {.Name = "ttyS0",   .device = "/dev/ttyS0"  },
-            {.Name = "ttyUSB0", .device = "/dev/ttyUSB0"}
-        };
+        return {{.Name = "ttyS0", .device = "/dev/ttyS0"}, {.Name = "ttyUSB0", .device = "/dev/ttyUSB0"}};
     }
     std::unique_ptr<SerialLine> open(const SerialPort&, const SerialSettings&) override {
         ADD_FAILURE() << "a port was opened at the start";

@@ -42,14 +42,14 @@ TEST(Wait, goes_on_for_what_is_left_until_all_has_passed) {
         Spans asked;
     };
     const Case cases[] = {
-        {5000,  {100},                              {5000}                         },
-        {5000,  {100, 100, 4000, 5099},             {5000, 5000, 1100, 1}          }, // idling ended early, and then a bit too early
-        {5000,  {100, 9000},                        {5000}                         }, // and too late
-        {0,     {100},                              {}                             },
-        {-1,    {100},                              {}                             },
-        {10000, {50000, 54000, 20000},              {10000, 6000, 6000}            }, // 4000 had passed as the clock stepped back
+        {5000, {100}, {5000}},
+        {5000, {100, 100, 4000, 5099}, {5000, 5000, 1100, 1}}, // idling ended early, and then a bit too early
+        {5000, {100, 9000}, {5000}},                           // and too late
+        {0, {100}, {}},
+        {-1, {100}, {}},
+        {10000, {50000, 54000, 20000}, {10000, 6000, 6000}}, // 4000 had passed as the clock stepped back
         {10000, {50000, 54000, 20000, 23000, 1000}, {10000, 6000, 6000, 3000, 3000}}, // twice
-        {10000, {50000, 49999},                     {10000, 10000}                 },
+        {10000, {50000, 49999}, {10000, 10000}},
     };
     for (const auto& c : cases) {
         ScriptedClock clock(c.readings);

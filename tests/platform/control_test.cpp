@@ -20,10 +20,7 @@ protected:
     int changes = 0;
 
     ChoiceDesign waves(int index) {
-        return {
-            .items = {"Square",    "Sine", "Triangle"},
-              .list_index = index, .on_change = [this] { ++changes;          }
-        };
+        return {.items = {"Square", "Sine", "Triangle"}, .list_index = index, .on_change = [this] { ++changes; }};
     }
     int changes_since_last() { return std::exchange(changes, 0); }
 };
@@ -39,13 +36,8 @@ TEST_F(Controls, an_index_raises_change_only_when_it_really_changes) {
         const char* text;
     };
     const Case cases[] = {
-        {0,  0,  0,  0, "Square"  },
-        {0,  2,  2,  1, "Triangle"},
-        {0,  3,  0,  0, "Square"  }, // beyond the list: all stays
-        {0,  -2, 0,  0, "Square"  },
-        {0,  -1, -1, 1, ""        },
-        {-1, -1, -1, 0, ""        },
-        {-1, 0,  0,  1, "Square"  },
+        {0, 0, 0, 0, "Square"},  {0, 2, 2, 1, "Triangle"}, {0, 3, 0, 0, "Square"}, // beyond the list: all stays
+        {0, -2, 0, 0, "Square"}, {0, -1, -1, 1, ""},       {-1, -1, -1, 0, ""},    {-1, 0, 0, 1, "Square"},
     };
     for (const auto& c : cases) {
         PopupMenu by_program(window, {.name = "by_program"}, waves(c.from));
@@ -68,13 +60,9 @@ TEST_F(Controls, a_typed_text_is_of_the_list_or_of_none) {
         int index, changes;
     };
     const Case cases[] = {
-        {"Sine",     1,  0},
-        {"Sin",      -1, 1},
-        {"Sinus",    -1, 0}, // from none to none
-        {"",         -1, 0},
-        {"triangle", 2,  1}, // in either case
-        {"Triangle", 2,  0},
-        {"Square",   0,  1},
+        {"Sine", 1, 0},     {"Sin", -1, 1},     {"Sinus", -1, 0}, // from none to none
+        {"", -1, 0},        {"triangle", 2, 1},                   // in either case
+        {"Triangle", 2, 0}, {"Square", 0, 1},
     };
     for (const auto& c : cases) {
         box.edit(c.typed);
@@ -122,10 +110,7 @@ TEST_F(Controls, user_input_does_not_reach_what_is_disabled_or_hidden) {
 }
 
 TEST_F(Controls, a_fault_of_a_handler_goes_to_whoever_set_the_value) {
-    PopupMenu menu(window,
-                   {
-                       .name = "menu"
-    },
+    PopupMenu menu(window, {.name = "menu"},
                    {.items = {"a", "b"}, .on_change = [] { throw Fault(FaultKind::internal, "a fault"); }});
     EXPECT_THROW(menu.SetListIndex(0), Fault);
     desktop.expect_fault("panel.menu_Change");
@@ -140,9 +125,9 @@ TEST_F(Controls, a_field_knows_one_line_end_or_none) {
         const char* single_line;
     };
     const Case cases[] = {
-        {"a\nb",     "a\rb",   "ab"},
-        {"a\r\nb",   "a\rb",   "ab"},
-        {"a\rb\r",   "a\rb\r", "ab"},
+        {"a\nb", "a\rb", "ab"},
+        {"a\r\nb", "a\rb", "ab"},
+        {"a\rb\r", "a\rb\r", "ab"},
         {"a\r\n\nb", "a\r\rb", "ab"},
     };
     for (const auto& c : cases) {

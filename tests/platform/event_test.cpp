@@ -26,9 +26,7 @@ TEST_F(Events, a_fault_is_reported_once_with_the_innermost_handler) {
         went_on = true;
     });
     EXPECT_FALSE(went_on);
-    EXPECT_EQ(desktop.faults, (std::vector<FaultReport>{
-                                  {FaultKind::out_of_bounds, "a fault", "inner"}
-    }));
+    EXPECT_EQ(desktop.faults, (std::vector<FaultReport>{{FaultKind::out_of_bounds, "a fault", "inner"}}));
     EXPECT_EQ(app.faults_caught, 1);
     EXPECT_FALSE(app.busy());
 }
@@ -104,11 +102,10 @@ TEST_F(Events, a_button_acts_unless_the_press_was_used_up_or_cannot_reach_it) {
 class MenuEvents : public ::testing::Test {
 protected:
     static MenuBar bar() {
-        return MenuBar({
-            {"FileMenu",
-             "File", {MenuItem("Open", "Open", true), MenuItem("Save", "Save", false), MenuItem("Print", "Print", true),
-              MenuItem("Line", "-", true)}}
-        });
+        return MenuBar({{"FileMenu",
+                         "File",
+                         {MenuItem("Open", "Open", true), MenuItem("Save", "Save", false),
+                          MenuItem("Print", "Print", true), MenuItem("Line", "-", true)}}});
     }
     void SetUp() override {
         for (const char* entry : {"Open", "Save"}) {

@@ -261,9 +261,9 @@ TEST(Streams, what_cannot_be_read_is_a_fault_with_the_systems_reason) {
         const char* reason;
     };
     const Case cases[] = {
-        {folder / "missing",         "No such file or directory"},
-        {folder.path(),              "Is a directory"           },
-        {fs::path("/proc/self/mem"), "Input/output error"       }, // opens, and then does not read
+        {folder / "missing", "No such file or directory"},
+        {folder.path(), "Is a directory"},
+        {fs::path("/proc/self/mem"), "Input/output error"}, // opens, and then does not read
     };
     for (const auto& c : cases) {
         try {

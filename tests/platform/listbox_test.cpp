@@ -28,11 +28,9 @@ protected:
     Panel window{app};
     int changes = 0;
     int double_clicks = 0;
-    Listbox table{
-        window,
-        {.name = "table",                                 .place = {33, 287, 825, 339}      },
-        { .columns = 3, .on_double_click = [this] { ++double_clicks; }, .on_change = [this] { ++changes; }}
-    };
+    Listbox table{window,
+                  {.name = "table", .place = {33, 287, 825, 339}},
+                  {.columns = 3, .on_double_click = [this] { ++double_clicks; }, .on_change = [this] { ++changes; }}};
 };
 
 TEST_F(Table, last_index_is_the_row_last_added) {
@@ -97,18 +95,9 @@ TEST_F(Table, a_row_is_found_by_y_alone) {
         int scrolled_to, y, row;
     };
     const Case cases[] = {
-        {0, -1,  -1},
-        {0, 0,   -1}, // the heading
-        {0, 19,  -1},
-        {0, 20,  0 },
-        {0, 39,  0 },
-        {0, 40,  1 },
-        {0, 99,  3 },
-        {0, 100, -1},
-        {2, 20,  2 },
-        {2, 59,  3 },
-        {2, 60,  -1},
-        {9, 20,  3 }, // no further than the last row
+        {0, -1, -1},  {0, 0, -1}, // the heading
+        {0, 19, -1},  {0, 20, 0}, {0, 39, 0}, {0, 40, 1},  {0, 99, 3},
+        {0, 100, -1}, {2, 20, 2}, {2, 59, 3}, {2, 60, -1}, {9, 20, 3}, // no further than the last row
     };
     for (const auto& c : cases) {
         table.SetScrollPosition(c.scrolled_to);

@@ -11,12 +11,10 @@ struct Caller : RecordingWindow {
     explicit Caller(SmallApplication& app) : RecordingWindow(app, {.name = "caller"}) {}
 
     std::function<void()> on_data = [] {};
-    TCPSocket socket{
-        *this,
-        {.name = "socket",
-              .on_data_available = [this] { on_data(); },
-              .on_error = [] { throw Fault(FaultKind::internal, "lost"); }}
-    };
+    TCPSocket socket{*this,
+                     {.name = "socket",
+                      .on_data_available = [this] { on_data(); },
+                      .on_error = [] { throw Fault(FaultKind::internal, "lost"); }}};
 };
 
 class SocketTest : public ::testing::Test {

@@ -54,15 +54,15 @@ TEST(StyledText, styles_follow_an_edit) {
         const char* marked;
     };
     const Case cases[] = {
-        {bold_in("abcd",  1, 2), "abcXd",    "a[bcX]d"   }, // from the left neighbour
-        {bold_in("abcd",  1, 2), "aXbcd",    "aX[bc]d"   },
-        {bold_in("abcd",  0, 2), "Xabcd",    "[Xab]cd"   }, // at the beginning from what follows
-        {bold_in("abcd",  1, 2), "ad",       "ad"        },
-        {bold_in("abcd",  1, 2), "acd",      "a[c]d"     },
-        {bold_in("abcd",  1, 2), "aXYZd",    "aXYZd"     },
-        {bold_in("aaa",   0, 1), "aaaa",     "[a]aaa"    },
+        {bold_in("abcd", 1, 2), "abcXd", "a[bcX]d"}, // from the left neighbour
+        {bold_in("abcd", 1, 2), "aXbcd", "aX[bc]d"},
+        {bold_in("abcd", 0, 2), "Xabcd", "[Xab]cd"}, // at the beginning from what follows
+        {bold_in("abcd", 1, 2), "ad", "ad"},
+        {bold_in("abcd", 1, 2), "acd", "a[c]d"},
+        {bold_in("abcd", 1, 2), "aXYZd", "aXYZd"},
+        {bold_in("aaa", 0, 1), "aaaa", "[a]aaa"},
         {bold_in("é中", 1, 1), "é中文", "é[中文]"},
-        {bold_in("abcd",  0, 4), "",         ""          },
+        {bold_in("abcd", 0, 4), "", ""},
     };
     for (const Case& c : cases) {
         StyledText text = c.before;
@@ -78,12 +78,9 @@ protected:
     SmallApplication app{desktop};
     Panel window{app};
     int changes = 0;
-    EditField field{
-        window, {.name = "field"                      },
-         { .text = "abcd", .multiline = true, .styled = true, .on_text_change = [this] {
-                                        ++changes;
-                                    }}
-    };
+    EditField field{window,
+                    {.name = "field"},
+                    {.text = "abcd", .multiline = true, .styled = true, .on_text_change = [this] { ++changes; }}};
 };
 
 TEST_F(StyledField, toggles_what_is_selected) {

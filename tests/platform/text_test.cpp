@@ -20,14 +20,14 @@ TEST(Text, a_split_gives_every_piece_and_none_of_the_empty_text) {
         Texts pieces;
     };
     const Case cases[] = {
-        {"",          ";",  {}               },
-        {";",         ";",  {"", ""}         },
-        {"a",         ";",  {"a"}            },
-        {"a;b;",      ";",  {"a", "b", ""}   },
-        {";;b",       ";",  {"", "", "b"}    },
-        {"7.83, 12",  ", ", {"7.83", "12"}   },
+        {"", ";", {}},
+        {";", ";", {"", ""}},
+        {"a", ";", {"a"}},
+        {"a;b;", ";", {"a", "b", ""}},
+        {";;b", ";", {"", "", "b"}},
+        {"7.83, 12", ", ", {"7.83", "12"}},
         {"a,, b, c,", ", ", {"a,", "b", "c,"}},
-        {"\r\n",      ";",  {"\r\n"}         },
+        {"\r\n", ";", {"\r\n"}},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(Split(c.text, c.separator), c.pieces) << c.text;
@@ -49,13 +49,13 @@ TEST(Text, every_line_end_becomes_a_carriage_return) {
         const char* result;
     };
     const Case cases[] = {
-        {"",           ""      },
-        {"a\rb",       "a\rb"  },
-        {"a\nb\n",     "a\rb\r"},
+        {"", ""},
+        {"a\rb", "a\rb"},
+        {"a\nb\n", "a\rb\r"},
         {"a\r\nb\r\n", "a\rb\r"},
-        {"a\n\nb",     "a\r\rb"},
-        {"a\r\r\nb",   "a\r\rb"},
-        {"a\n\rb",     "a\r\rb"},
+        {"a\n\nb", "a\r\rb"},
+        {"a\r\r\nb", "a\r\rb"},
+        {"a\n\rb", "a\r\rb"},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(with_carriage_returns(c.text), c.result);
@@ -68,26 +68,13 @@ TEST(Text, numeric_is_digits_with_one_mark_at_most) {
         bool point, comma; // with the decimal point, with the decimal comma
     };
     const Case cases[] = {
-        {"7",        true,  true },
-        {"007.83",   true,  true },
-        {"7,83",     false, true },
-        {".5",       true,  true },
-        {"5.",       true,  true },
-        {",5",       false, true },
-        {"  7.8 ",   true,  true },
-        {"7 8",      false, false},
-        {"7.8.3",    false, false},
-        {"7.8,3",    false, false},
-        {".",        false, false},
-        {",",        false, false},
-        {"",         false, false},
-        {"   ",      false, false},
-        {"-7",       false, false},
-        {"+7",       false, false},
-        {"1e3",      false, false},
-        {"7\r",      false, false},
-        {"0x10",     false, false},
-        {"\xC2\xB2", false, false}, // a superscript two
+        {"7", true, true},       {"007.83", true, true},     {"7,83", false, true},
+        {".5", true, true},      {"5.", true, true},         {",5", false, true},
+        {"  7.8 ", true, true},  {"7 8", false, false},      {"7.8.3", false, false},
+        {"7.8,3", false, false}, {".", false, false},        {",", false, false},
+        {"", false, false},      {"   ", false, false},      {"-7", false, false},
+        {"+7", false, false},    {"1e3", false, false},      {"7\r", false, false},
+        {"0x10", false, false},  {"\xC2\xB2", false, false}, // a superscript two
     };
     for (const auto& c : cases) {
         EXPECT_EQ(IsNumeric(c.text, DecimalMark::point), c.point) << c.text;
@@ -101,14 +88,14 @@ TEST(Text, a_character_is_a_code_point_or_a_byte_that_belongs_to_none) {
         Texts result;
     };
     const Case cases[] = {
-        {"",                             {}                                  },
-        {"a\xC3\xA9z",                   {"a", "\xC3\xA9", "z"}              },
+        {"", {}},
+        {"a\xC3\xA9z", {"a", "\xC3\xA9", "z"}},
         {"\xE2\x82\xAC\xF0\x9F\x8E\xB5", {"\xE2\x82\xAC", "\xF0\x9F\x8E\xB5"}},
-        {"\xE9t\xE9",                    {"\xE9", "t", "\xE9"}               }, // Latin-1
-        {"\x80\xBF",                     {"\x80", "\xBF"}                    }, // no lead byte
-        {"\xE2\x82",                     {"\xE2", "\x82"}                    }, // cut off
-        {"\xC3\x31",                     {"\xC3", "1"}                       },
-        {"\xFD\xFF",                     {"\xFD", "\xFF"}                    },
+        {"\xE9t\xE9", {"\xE9", "t", "\xE9"}}, // Latin-1
+        {"\x80\xBF", {"\x80", "\xBF"}},       // no lead byte
+        {"\xE2\x82", {"\xE2", "\x82"}},       // cut off
+        {"\xC3\x31", {"\xC3", "1"}},
+        {"\xFD\xFF", {"\xFD", "\xFF"}},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(characters(c.text), c.result);
@@ -151,15 +138,15 @@ TEST(Text, numbers_saturate_truncate_and_wrap) {
         std::int32_t result;
     };
     const Case cases[] = {
-        {465.0 - 1e-9, 464            },
-        {-0.9,         0              },
-        {-7.9,         -7             },
-        {2147483647.5, 2147483647     },
-        {1e30,         2147483647     },
-        {infinity,     2147483647     },
+        {465.0 - 1e-9, 464},
+        {-0.9, 0},
+        {-7.9, -7},
+        {2147483647.5, 2147483647},
+        {1e30, 2147483647},
+        {infinity, 2147483647},
         {-2147483649., -2147483647 - 1},
-        {-infinity,    -2147483647 - 1},
-        {std::nan(""), 0              },
+        {-infinity, -2147483647 - 1},
+        {std::nan(""), 0},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(truncate(c.value), c.result) << c.value;

@@ -56,7 +56,7 @@ TEST_F(Windows, a_window_may_close_itself_in_any_of_its_events) {
               "first.Event_Open first.Event_CancelClose first.Event_Close main.Event_Open main.Event_Activate");
     app.on = {
         {"first.Event_Activate", [&] { app.first->Close(); }},
-        {"first.Event_Close",    [&] { app.first->Close(); }}, // is under way already
+        {"first.Event_Close", [&] { app.first->Close(); }}, // is under way already
     };
     EXPECT_EQ(app.event([&] { app.first.get(); }), "first.Event_Open first.Event_Activate first.Event_CancelClose "
                                                    "first.Event_Close main.Event_Activate");
@@ -81,9 +81,7 @@ TEST_F(Windows, a_fault_in_the_question_keeps_the_window_open_and_one_in_the_clo
     app.first->close_by_user();
     EXPECT_EQ(app.windows(), "first");
 
-    app.on = {
-        {"first.Event_Close", [&] { fault(); }}
-    };
+    app.on = {{"first.Event_Close", [&] { fault(); }}};
     desktop.expect_fault("first.Event_Close");
     app.first->close_by_user();
     EXPECT_EQ(app.windows(), "main");

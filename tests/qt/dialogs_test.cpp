@@ -23,12 +23,10 @@ protected:
 };
 
 TEST_F(Dialogs, EachButtonIsItsAnswer) {
-    const MessageDialog question{
-        .Message = "Save?",
-        .ActionButton = {"Save",       true},
-        .CancelButton = {"Cancel",     true},
-        .AlternateActionButton = {"Don't Save", true}
-    };
+    const MessageDialog question{.Message = "Save?",
+                                 .ActionButton = {"Save", true},
+                                 .CancelButton = {"Cancel", true},
+                                 .AlternateActionButton = {"Don't Save", true}};
     const MessageDialog note{.Message = "Done"};
     struct Case {
         MessageDialog dialog;
@@ -41,14 +39,14 @@ TEST_F(Dialogs, EachButtonIsItsAnswer) {
     const auto press = [](Qt::Key key) { return [key](QMessageBox& box) { QTest::keyClick(&box, key); }; };
     const auto close = [](QMessageBox& box) { box.close(); };
     const Case cases[] = {
-        {question, click("ActionButton"),          DialogAnswer::action   },
-        {question, click("CancelButton"),          DialogAnswer::cancel   },
+        {question, click("ActionButton"), DialogAnswer::action},
+        {question, click("CancelButton"), DialogAnswer::cancel},
         {question, click("AlternateActionButton"), DialogAnswer::alternate},
-        {question, press(Qt::Key_Escape),          DialogAnswer::cancel   },
-        {question, press(Qt::Key_Return),          DialogAnswer::action   },
-        {question, close,                          DialogAnswer::cancel   },
-        {note,     press(Qt::Key_Escape),          DialogAnswer::action   },
-        {note,     close,                          DialogAnswer::action   },
+        {question, press(Qt::Key_Escape), DialogAnswer::cancel},
+        {question, press(Qt::Key_Return), DialogAnswer::action},
+        {question, close, DialogAnswer::cancel},
+        {note, press(Qt::Key_Escape), DialogAnswer::action},
+        {note, close, DialogAnswer::action},
     };
     for (const Case& test : cases) {
         when_shown<QMessageBox>(test.user);
@@ -68,11 +66,9 @@ TEST_F(Dialogs, TextsAreShownAsTheyAre) {
 }
 
 TEST_F(Dialogs, SaveProposesABareNameAndAddsTheExtension) {
-    const FileRequest request{
-        .type = {"Zephon File/zp2", "zp2", ".zp2"},
-        .default_name = "a/b.zp2",
-        .start_folder = FolderItem(folder.path().toStdString())
-    };
+    const FileRequest request{.type = {"Zephon File/zp2", "zp2", ".zp2"},
+                              .default_name = "a/b.zp2",
+                              .start_folder = FolderItem(folder.path().toStdString())};
     when_shown<QFileDialog>([](QFileDialog& dialog) {
         auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
         EXPECT_EQ(name->text(), "a-b.zp2");
@@ -89,10 +85,8 @@ TEST_F(Dialogs, OpenGivesTheFileAndNothingWhenDismissed) {
     QFile file(folder.filePath("a.zp2"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.close();
-    const FileRequest request{
-        .type = {"Zephon File", "zp2", ".zp2"},
-          .start_folder = FolderItem(folder.path().toStdString())
-    };
+    const FileRequest request{.type = {"Zephon File", "zp2", ".zp2"},
+                              .start_folder = FolderItem(folder.path().toStdString())};
     when_shown<QFileDialog>([](QFileDialog& dialog) {
         auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
         name->setText("a.zp2");
@@ -108,9 +102,9 @@ TEST_F(Dialogs, OpenGivesTheFileAndNothingWhenDismissed) {
 TEST(FileNames, AreMadeHarmless) {
     const std::pair<const char*, const char*> cases[] = {
         {"Untitled.zp2", "Untitled.zp2"},
-        {"a/b.zp2",      "a-b.zp2"     },
-        {"../x.zp2",     "..-x.zp2"    },
-        {"two\rlines",   "two-lines"   },
+        {"a/b.zp2", "a-b.zp2"},
+        {"../x.zp2", "..-x.zp2"},
+        {"two\rlines", "two-lines"},
     };
     for (const auto& [name, harmless] : cases) {
         EXPECT_EQ(harmless_file_name(name).toStdString(), harmless);

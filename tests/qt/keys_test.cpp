@@ -32,20 +32,20 @@ TEST_F(Keys, EachKeyArrivesInItsForm) {
         Log seen;
     };
     const Case cases[] = {
-        {Qt::Key_Return, Qt::NoModifier,                        "\r",   {"\r"}  },
-        {Qt::Key_Enter,  Qt::KeypadModifier,                    "\r",   {"\x03"}},
-        {Qt::Key_Return, Qt::ControlModifier,                   "\r",   {}      },
-        {Qt::Key_C,      Qt::ControlModifier,                   "\x03", {}      },
-        {Qt::Key_M,      Qt::ControlModifier,                   "\r",   {}      },
-        {Qt::Key_L,      Qt::AltModifier,                       "l",    {}      },
-        {Qt::Key_L,      Qt::ControlModifier,                   "\x0c", {}      },
-        {Qt::Key_L,      Qt::NoModifier,                        "l",    {"l"}   },
-        {Qt::Key_L,      Qt::ShiftModifier,                     "L",    {"L"}   },
-        {Qt::Key_L,      Qt::KeypadModifier,                    "l",    {"l"}   },
-        {Qt::Key_At,     Qt::GroupSwitchModifier,               "@",    {"@"}   },
-        {Qt::Key_At,     Qt::ControlModifier | Qt::AltModifier, "@",    {"@"}   },
-        {Qt::Key_Shift,  Qt::ShiftModifier,                     "",     {}      },
-        {Qt::Key_Left,   Qt::NoModifier,                        "",     {}      },
+        {Qt::Key_Return, Qt::NoModifier, "\r", {"\r"}},
+        {Qt::Key_Enter, Qt::KeypadModifier, "\r", {"\x03"}},
+        {Qt::Key_Return, Qt::ControlModifier, "\r", {}},
+        {Qt::Key_C, Qt::ControlModifier, "\x03", {}},
+        {Qt::Key_M, Qt::ControlModifier, "\r", {}},
+        {Qt::Key_L, Qt::AltModifier, "l", {}},
+        {Qt::Key_L, Qt::ControlModifier, "\x0c", {}},
+        {Qt::Key_L, Qt::NoModifier, "l", {"l"}},
+        {Qt::Key_L, Qt::ShiftModifier, "L", {"L"}},
+        {Qt::Key_L, Qt::KeypadModifier, "l", {"l"}},
+        {Qt::Key_At, Qt::GroupSwitchModifier, "@", {"@"}},
+        {Qt::Key_At, Qt::ControlModifier | Qt::AltModifier, "@", {"@"}},
+        {Qt::Key_Shift, Qt::ShiftModifier, "", {}},
+        {Qt::Key_Left, Qt::NoModifier, "", {}},
     };
     for (const Case& test : cases) {
         seen.clear();

@@ -53,9 +53,7 @@ protected:
     }
 
     LoopbackDesktop desktop;
-    App app{
-        desktop, {.StageCode = Stage::beta, .MajorVersion = 2, .MinorVersion = 1, .BugVersion = 3}
-    };
+    App app{desktop, {.StageCode = Stage::beta, .MajorVersion = 2, .MinorVersion = 1, .BugVersion = 3}};
 };
 
 class StoringServer : public MailTest {
@@ -101,9 +99,9 @@ TEST_F(StoringServer, GetsEnvelopeHeadersAndBodyOfEachForm) {
     expect_sent(form.contactSocket);
     const QString password = QString::number(deployment::stored_credential | deployment::credential_mask);
     const QJsonObject to_support{
-        {"from",    "jane@home.example"                                    },
-        {"to",      QJsonArray{deployment::support_address}                },
-        {"host",    "[127.0.0.1]"                                          },
+        {"from", "jane@home.example"},
+        {"to", QJsonArray{deployment::support_address}},
+        {"host", "[127.0.0.1]"},
         {"account", QJsonArray{"LOGIN", deployment::account_name, password}},
     };
     EXPECT_EQ(envelope(1), to_support) << QJsonDocument(envelope(1)).toJson().toStdString();

@@ -256,11 +256,10 @@ TEST_F(Printing, ABlockEndsWithAWholeLine) {
     when_shown<QPrintDialog>([this](QPrintDialog& dialog) { accept(dialog, file()); });
     const auto graphics = desktop.choose_printer();
     ASSERT_NE(graphics, nullptr);
-    graphics->print({
-        DrawBlock{.text = StyledText(list),    .x = 35, .y = 86, .width = 540, .height = 720, .font = {}               },
-        DrawBlock{
-                  .text = StyledText("giant"), .x = 0,  .y = 0,  .width = 540, .height = 720, .font = {.TextSize = 999}}
-    });
+    graphics->print(
+        {DrawBlock{.text = StyledText(list), .x = 35, .y = 86, .width = 540, .height = 720, .font = {}},
+         DrawBlock{
+             .text = StyledText("giant"), .x = 0, .y = 0, .width = 540, .height = 720, .font = {.TextSize = 999}}});
     const auto words = words_of(file());
     EXPECT_NEAR(word_in(words, "51").bottom, 86 + 51 * 14, 1); // lines of 12 points lie 14 apart
     EXPECT_EQ(word_in(words, "52").text, "");

@@ -26,57 +26,36 @@ class SampleWindow : public Window {
 public:
     explicit SampleWindow(SampleApp& owner);
 
-    EditField field{
-        *this,
-        {.name = "field",                                                         .place = {20, 20, 120, 24}, .label = "Field"},
-        { .limit_text = 7,
-              .on_key_down = [this](const std::string& key) { return key_down(key); },
-              .on_text_change = [this] { note("field " + field.Text()); },
-              .on_lost_focus = [this] { lost_focus(); }}
-    };
-    EditField notes{
-        *this,
-        {.name = "notes", .place = {20, 60, 120, 60}, .label = "Notes"},
-        {.multiline = true,               .on_text_change = [this] { note("notes " + notes.Text()); }                        }
-    };
-    ComboBox combo{
-        *this,
-        {.name = "combo",                  .place = {160, 20, 120, 24}, .label = "Combo"                        },
-        {.items = {"One", "Two", "Three"}, .list_index = 0,             .on_change = [this] { combo_changed(); }}
-    };
-    PopupMenu menu{
-        *this,
-        {.name = "menu",            .place = {160, 60, 120, 24}, .label = "Menu"                                     },
-        {.items = {"", "10", "20"}, .list_index = 1,             .on_change = [this] { note("menu " + menu.Text()); }}
-    };
-    RadioButton left{
-        *this,
-        {.name = "left", .place = {160, 100, 60, 20}          },
-        { .caption = "Left", .group = 1, .value = true, .on_action = [this] { note("left"); }}
-    };
-    RadioButton right{
-        *this, {.name = "right", .place = {230, 100, 60, 20}                                     },
-         { .caption = "Right",     .group = 1, .on_action = [this] {
-                                                                    note("right");
-                                                                }}
-    };
-    PushButton button{
-        *this, {.name = "button",          .place = {300, 20, 80, 24}                                      },
-         {.caption = "Push && pull", .on_action = [this] {
-                                                                    on_button();
-                                                                }}
-    };
-    Listbox table{
-        *this,
-        {.name = "table", .place = {20, 140, 360, 140}, .label = "Table",         .grow = Grow::both},
-        {.columns = 3,
-              .on_double_click = [this] { note("double " + Str(table.ListIndex())); },
-              .on_change = [this] { note("row " + Str(table.ListIndex())); }}
-    };
-    StaticText caption{
-        *this, {.name = "caption", .place = {20, 290, 200, 20}},
-         {.text = "Lines\rof text"                }
-    };
+    EditField field{*this,
+                    {.name = "field", .place = {20, 20, 120, 24}, .label = "Field"},
+                    {.limit_text = 7,
+                     .on_key_down = [this](const std::string& key) { return key_down(key); },
+                     .on_text_change = [this] { note("field " + field.Text()); },
+                     .on_lost_focus = [this] { lost_focus(); }}};
+    EditField notes{*this,
+                    {.name = "notes", .place = {20, 60, 120, 60}, .label = "Notes"},
+                    {.multiline = true, .on_text_change = [this] { note("notes " + notes.Text()); }}};
+    ComboBox combo{*this,
+                   {.name = "combo", .place = {160, 20, 120, 24}, .label = "Combo"},
+                   {.items = {"One", "Two", "Three"}, .list_index = 0, .on_change = [this] { combo_changed(); }}};
+    PopupMenu menu{*this,
+                   {.name = "menu", .place = {160, 60, 120, 24}, .label = "Menu"},
+                   {.items = {"", "10", "20"}, .list_index = 1, .on_change = [this] { note("menu " + menu.Text()); }}};
+    RadioButton left{*this,
+                     {.name = "left", .place = {160, 100, 60, 20}},
+                     {.caption = "Left", .group = 1, .value = true, .on_action = [this] { note("left"); }}};
+    RadioButton right{*this,
+                      {.name = "right", .place = {230, 100, 60, 20}},
+                      {.caption = "Right", .group = 1, .on_action = [this] { note("right"); }}};
+    PushButton button{*this,
+                      {.name = "button", .place = {300, 20, 80, 24}},
+                      {.caption = "Push && pull", .on_action = [this] { on_button(); }}};
+    Listbox table{*this,
+                  {.name = "table", .place = {20, 140, 360, 140}, .label = "Table", .grow = Grow::both},
+                  {.columns = 3,
+                   .on_double_click = [this] { note("double " + Str(table.ListIndex())); },
+                   .on_change = [this] { note("row " + Str(table.ListIndex())); }}};
+    StaticText caption{*this, {.name = "caption", .place = {20, 290, 200, 20}}, {.text = "Lines\rof text"}};
 
     std::function<bool(const std::string&)> key_down = [](const std::string&) { return false; };
     std::function<void()> on_button = [this] { note("button"); };
@@ -95,18 +74,13 @@ private:
 class SampleNotice : public Window {
 public:
     explicit SampleNotice(SampleApp& owner);
-    ProgressBar bar{
-        *this, {.name = "bar", .place = {10, 10, 200, 20}, .label = "Progress"},
-         100
-    };
+    ProgressBar bar{*this, {.name = "bar", .place = {10, 10, 200, 20}, .label = "Progress"}, 100};
 };
 
 class SampleApp : public Application {
 public:
     explicit SampleApp(Desktop& desktop_of_test)
-        : Application(desktop_of_test,
-                      Version{
-    },
+        : Application(desktop_of_test, Version{},
                       MenuBar({{"FileMenu",
                                 "File",
                                 {{"FileOpen", "Open", true},

@@ -61,25 +61,18 @@ TEST_F(StyledField, TypesInTheStyleChosenAndUndoesIt) {
     QTest::mouseClick(&bold(), Qt::LeftButton);
     EXPECT_TRUE(edit->hasFocus()) << "a click on a style button leaves the field its focus";
     QTest::keyClicks(edit, "cd");
-    EXPECT_EQ(runs(), (std::vector<StyledRun>{
-                          {"ab", {}        },
-                          {"cd", bold_style}
-    }));
+    EXPECT_EQ(runs(), (std::vector<StyledRun>{{"ab", {}}, {"cd", bold_style}}));
     QTest::mouseClick(&bold(), Qt::LeftButton);
     QTest::keyClicks(edit, "e");
     EXPECT_EQ(runs().back(), (StyledRun{"e", {}}));
     edit->selectAll();
     QTest::mouseClick(&bold(), Qt::LeftButton);
-    EXPECT_EQ(runs(), (std::vector<StyledRun>{
-                          {"abcde", bold_style}
-    }));
+    EXPECT_EQ(runs(), (std::vector<StyledRun>{{"abcde", bold_style}}));
     QTest::keyClick(edit, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(runs().size(), 3U) << "undone in the model too";
     model().SetText("");
     QTest::keyClicks(edit, "x");
-    EXPECT_EQ(runs(), (std::vector<StyledRun>{
-                          {"x", {}}
-    }));
+    EXPECT_EQ(runs(), (std::vector<StyledRun>{{"x", {}}}));
 }
 
 TEST_F(StyledField, TakesPastedTextInItsOwnStyle) {
@@ -88,9 +81,7 @@ TEST_F(StyledField, TakesPastedTextInItsOwnStyle) {
     rich->setText("bold large");
     QGuiApplication::clipboard()->setMimeData(rich);
     edit->paste();
-    EXPECT_EQ(runs(), (std::vector<StyledRun>{
-                          {"abbold large", {}}
-    }));
+    EXPECT_EQ(runs(), (std::vector<StyledRun>{{"abbold large", {}}}));
     QTest::keyClick(edit, Qt::Key_Return);
     EXPECT_EQ(model().Text(), "abbold large\r");
 }

@@ -44,9 +44,7 @@ DrawString string_at(const Page& page, std::size_t at) {
 }
 
 DrawBlock block(const char* text, int x, int y, int size = 12) {
-    return {
-        .text = StyledText(text), .x = x, .y = y, .width = 540, .height = 720, .font = {"arial", size, false}
-    };
+    return {.text = StyledText(text), .x = x, .y = y, .width = 540, .height = 720, .font = {"arial", size, false}};
 }
 
 std::size_t cell(int row, int column) {
@@ -66,18 +64,18 @@ TEST(TablePage, stands_where_it_is_told) {
         EXPECT_EQ(string_at(page, i).font, plain_9);
     }
     const DrawString first_level[] = {
-        {"1",                47,  89, plain_9}, // centred: 35 + (30 - 5) / 2, cut
-        {"Single Frequency", 65,  89, plain_9},
-        {"007.830",          145, 89, plain_9}, // right: 155 + (40 - 35) - 15
-        {"",                 210, 89, plain_9},
-        {"1",                242, 89, plain_9},
-        {"3:00",             280, 89, bold_9 },
-        {"00:03:00",         310, 89, plain_9}, // wider than the column leaves room for
-        {"ON",               372, 89, plain_9},
-        {"1",                400, 89, plain_9},
-        {"Square",           415, 89, plain_9},
-        {"70%",              487, 89, plain_9},
-        {"Positive",         520, 89, plain_9},
+        {"1", 47, 89, plain_9}, // centred: 35 + (30 - 5) / 2, cut
+        {"Single Frequency", 65, 89, plain_9},
+        {"007.830", 145, 89, plain_9}, // right: 155 + (40 - 35) - 15
+        {"", 210, 89, plain_9},
+        {"1", 242, 89, plain_9},
+        {"3:00", 280, 89, bold_9},
+        {"00:03:00", 310, 89, plain_9}, // wider than the column leaves room for
+        {"ON", 372, 89, plain_9},
+        {"1", 400, 89, plain_9},
+        {"Square", 415, 89, plain_9},
+        {"70%", 487, 89, plain_9},
+        {"Positive", 520, 89, plain_9},
     };
     for (int i = 0; i < 12; ++i) {
         EXPECT_EQ(string_at(page, cell(1, i)), first_level[i]) << i;
@@ -110,20 +108,17 @@ TEST(TablePage, aligns_long_texts_to_the_left_and_draws_no_cell_of_an_unknown_al
         std::vector<int> x;
     };
     const Case cases[] = {
-        {"Right",  "abcd",                 {35 + 20 - 15}},
-        {"right",  "0123456789",           {35 - 10 - 15}},
-        {"Center", "abc",                  {47}          }, // 35 + 12.5
-        {"Center", "0123456789x",          {27}          }, // 35 - 7.5
-        {"Center", "0123456789-123456789", {5}           },
-        {"Left",   "0123456789",           {35}          },
-        {"",       "abc",                  {}            },
+        {"Right", "abcd", {35 + 20 - 15}},
+        {"right", "0123456789", {35 - 10 - 15}},
+        {"Center", "abc", {47}},         // 35 + 12.5
+        {"Center", "0123456789x", {27}}, // 35 - 7.5
+        {"Center", "0123456789-123456789", {5}},
+        {"Left", "0123456789", {35}},
+        {"", "abc", {}},
     };
     for (const Case& c : cases) {
         ReportTable table{
-            .columns = {{"a", 40, c.alignment}},
-              .rows = { {""},              {c.text}},
-              .total_frequencies = "", .total_time = ""
-        };
+            .columns = {{"a", 40, c.alignment}}, .rows = {{""}, {c.text}}, .total_frequencies = "", .total_time = ""};
         std::vector<int> x;
         for (const auto& operation : page_of(table)) {
             const auto* string = std::get_if<DrawString>(&operation);
@@ -136,12 +131,10 @@ TEST(TablePage, aligns_long_texts_to_the_left_and_draws_no_cell_of_an_unknown_al
 }
 
 TEST(TablePage, is_bold_in_the_time_column_and_in_totals_behind_it) {
-    ReportTable table{
-        .columns = {{"a", 40, "Left"}, {"TIME EACH", 40, "Left"}},
-        .rows = {{"", ""}                },
-        .total_frequencies = "1",
-        .total_time = "2"
-    };
+    ReportTable table{.columns = {{"a", 40, "Left"}, {"TIME EACH", 40, "Left"}},
+                      .rows = {{"", ""}},
+                      .total_frequencies = "1",
+                      .total_time = "2"};
     const Page page = page_of(table);
     const bool bold[] = {false, false, false, true, true}; // two headings, two cells, totals
     for (std::size_t at = 0; at < std::size(bold); ++at) {
@@ -152,10 +145,7 @@ TEST(TablePage, is_bold_in_the_time_column_and_in_totals_behind_it) {
 TEST(TablePage, measures_cells_in_the_font_in_which_they_are_drawn) {
     const auto wide_in_bold = [](const std::string&, const PageFont& font) { return font.Bold ? 20.9 : 10.0; };
     ReportTable table{
-        .columns = {{"Time each", 50, "Right"}},
-          .rows = { {""},                  {"3:00"}},
-          .total_frequencies = "", .total_time = ""
-    };
+        .columns = {{"Time each", 50, "Right"}}, .rows = {{""}, {"3:00"}}, .total_frequencies = "", .total_time = ""};
     EXPECT_EQ(string_at(table_page(table, {}, {}, wide_in_bold), 2).x, 35 + (50 - 20) - 15);
 }
 

@@ -95,15 +95,9 @@ TEST_F(PageSetupTest, sizes_are_read_as_numbers_are) {
         int printed;
     };
     const Case cases[] = {
-        {"14",          14,         14        },
-        {"13.5",        13,         13        },
-        {"13,5",        135,        135       },
-        {"999",         999,        999       },
-        {"0",           0,          12        },
-        {"99999999999", 2147483647, 2147483647},
-        {"large",       0,          12        },
-        {"6",           6,          6         },
-        {"",            0,          12        },
+        {"14", 14, 14},    {"13.5", 13, 13}, {"13,5", 135, 135},
+        {"999", 999, 999}, {"0", 0, 12},     {"99999999999", 2147483647, 2147483647},
+        {"large", 0, 12},  {"6", 6, 6},      {"", 0, 12},
     };
     for (const Case& c : cases) {
         setup().headfontBox.edit(c.typed);
@@ -130,12 +124,12 @@ TEST_F(PageSetupTest, each_style_button_serves_the_selection_of_its_own_field) {
         TextStyle style;
     };
     const Case cases[] = {
-        {w.Boldbutton1,      w.headingfield, {.bold = true}     },
-        {w.Italicbutton1,    w.headingfield, {.italic = true}   },
+        {w.Boldbutton1, w.headingfield, {.bold = true}},
+        {w.Italicbutton1, w.headingfield, {.italic = true}},
         {w.underlinebutton1, w.headingfield, {.underline = true}},
-        {w.Boldbutton,       w.footerfield,  {.bold = true}     },
-        {w.Italicbutton,     w.footerfield,  {.italic = true}   },
-        {w.underlinebutton,  w.footerfield,  {.underline = true}},
+        {w.Boldbutton, w.footerfield, {.bold = true}},
+        {w.Italicbutton, w.footerfield, {.italic = true}},
+        {w.underlinebutton, w.footerfield, {.underline = true}},
     };
     for (const Case& c : cases) {
         c.field.select({.start = 1, .length = 2});
@@ -276,13 +270,13 @@ TEST_F(QcTest, the_line_is_printed_as_it_stands_in_its_own_sizes) {
         TextStyle style;
     };
     const Case cases[] = {
-        {"Zephon Serial#: ", 35,  20,  {.size = 9}               },
-        {"Assigned to: ",    200, 20,  {.size = 9}               },
-        {"Qc'd by: ",        375, 20,  {.size = 9}               },
-        {"yesterday",        450, 20,  {.size = 9}               },
-        {"Bank_7",           35,  36,  {.size = 12, .bold = true}},
-        {"untitled",         100, 36,  {.size = 10}              },
-        {"",                 35,  139, {}                        }, // the footer of a page setup that nobody saw
+        {"Zephon Serial#: ", 35, 20, {.size = 9}},
+        {"Assigned to: ", 200, 20, {.size = 9}},
+        {"Qc'd by: ", 375, 20, {.size = 9}},
+        {"yesterday", 450, 20, {.size = 9}},
+        {"Bank_7", 35, 36, {.size = 12, .bold = true}},
+        {"untitled", 100, 36, {.size = 10}},
+        {"", 35, 139, {}}, // the footer of a page setup that nobody saw
     };
     const auto blocks = blocks_of(desktop.pages.at(0));
     ASSERT_EQ(blocks.size(), std::size(cases));

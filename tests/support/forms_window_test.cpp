@@ -48,9 +48,7 @@ TEST_F(FormsTest, contact_form) {
     EXPECT_TRUE(server.connects.empty()) << "no key has been pressed in the address field";
     form.ContactemailField.type("me");
     form.ContactSubmitButton.click();
-    EXPECT_EQ(server.connects, (std::vector<std::pair<std::string, int>>{
-                                   {deployment::mail_server, 465}
-    }));
+    EXPECT_EQ(server.connects, (std::vector<std::pair<std::string, int>>{{deployment::mail_server, 465}}));
     EXPECT_EQ(form.contactSocket.Username, deployment::account_name);
     EXPECT_EQ(form.contactSocket.Password, Str(deployment::stored_credential | deployment::credential_mask));
     const std::string text = mail();

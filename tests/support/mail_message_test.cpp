@@ -26,12 +26,7 @@ TEST(Base64, lines_of_76_with_line_ends_between_them_only) {
         std::string_view bytes;
         std::string encoded;
     } cases[] = {
-        {"",         ""               },
-        {"f",        "Zg=="           },
-        {"fo",       "Zm8="           },
-        {"foo",      "Zm9v"           },
-        {with_zeros, "AGEA/w=="       },
-        {longer,     line + "\r\nQQ=="},
+        {"", ""}, {"f", "Zg=="}, {"fo", "Zm8="}, {"foo", "Zm9v"}, {with_zeros, "AGEA/w=="}, {longer, line + "\r\nQQ=="},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(EncodeBase64(c.bytes, 76), c.encoded);
@@ -46,12 +41,7 @@ TEST(MailDate, an_offset_is_its_hours_times_100) {
         double offset;
         const char* text;
     } cases[] = {
-        {0,    "+0000"},
-        {1,    "+0100"},
-        {5.5,  "+0550"},
-        {5.75, "+0575"},
-        {-3.5, "-0350"},
-        {-11,  "-1100"},
+        {0, "+0000"}, {1, "+0100"}, {5.5, "+0550"}, {5.75, "+0575"}, {-3.5, "-0350"}, {-11, "-1100"},
     };
     for (const auto& c : cases) {
         date.gmt_offset = c.offset;
