@@ -5,12 +5,6 @@
 #include <QStandardPaths>
 #include <gtest/gtest.h>
 
-// Qt's PDF view keeps its gesture and its render thread, and a document that can't be loaded keeps its reader.
-extern "C" const char* __lsan_default_suppressions();
-extern "C" const char* __lsan_default_suppressions() {
-    return "leak:QScroller::grabGesture\nleak:libQt6Pdf.so\n";
-}
-
 int main(int argc, char* argv[]) {
     testing::InitGoogleTest(&argc, argv);
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
