@@ -5,6 +5,7 @@
 #include "consolidator/consolidator_window.h"
 #include "core/main_window.h"
 #include "core/menus.h"
+#include "editor/level_entry.h"
 #include "files/protocol_file.h"
 
 namespace tessit {
@@ -98,24 +99,17 @@ void ComposeWindow::formatbox_Change() {
 void ComposeWindow::compose_displayBox_DoubleClick() {
     const int row = compose_displayBox.ListIndex();
     const auto cell = [&](int index) -> const std::string& { return compose_displayBox.Cell(row, index); };
-    const auto choose = [&](PopupMenu& list, int index) {
-        for (int i = 0; i < list.ListCount(); ++i) {
-            if (same_text(list.List(i), cell(index))) {
-                list.SetListIndex(i);
-            }
-        }
-    };
     freq_field.SetText(cell(column::base));
     if (const int wave = loaded_back_wave(cell(column::waveform)); wave >= 0) {
         wavebox.SetListIndex(wave);
     }
     widthbox.SetListIndex(truncate(app.strintR(cell(column::width)) / 10.0)); // 0 for each of the digits
     timefield.SetText(cell(column::time_each));
-    choose(pulsebox, column::pulse);
+    choose_text(pulsebox, cell(column::pulse));
     ratebox.SetText(cell(column::rate));
     dutybox.SetListIndex(truncate(app.strintR(cell(column::duty_cycle)) / 10.0));
-    choose(shapebox, column::wave_shape);
-    choose(outputbox, column::output);
+    choose_text(shapebox, cell(column::wave_shape));
+    choose_text(outputbox, cell(column::output));
     app.level = row;
 }
 
