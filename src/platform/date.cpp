@@ -17,7 +17,9 @@ Date local_date(std::time_t time) {
             .day = parts.tm_mday,
             .hour = parts.tm_hour,
             .minute = parts.tm_min,
-            .second = parts.tm_sec};
+            .second = parts.tm_sec,
+            .day_of_week = parts.tm_wday,
+            .GMTOffset = static_cast<double>(parts.tm_gmtoff) / 3600};
 }
 
 } // namespace tessit

@@ -14,6 +14,8 @@ struct Date {
     int hour = 0;
     int minute = 0;
     int second = 0;
+    int day_of_week = 0;  // 0 is Sunday
+    double GMTOffset = 0; // of local time, in hours
 
     std::string SQLDate() const; // "2026-03-09"
 

@@ -32,6 +32,10 @@ std::string TCPSocket::LocalAddress() const {
     return line_ == nullptr ? "" : line_->local_address();
 }
 
+Date TCPSocket::current_date() const {
+    return window_.application().current_date();
+}
+
 void TCPSocket::Event_Connected() {
     if (design_.on_connected) {
         design_.on_connected();

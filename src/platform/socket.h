@@ -3,6 +3,8 @@
 // that the program works with: it dies with its window, and its events are outermost events.
 #pragma once
 
+#include "platform/date.h"
+
 #include <functional>
 #include <memory>
 #include <string>
@@ -66,6 +68,7 @@ public:
     std::string LocalAddress() const;
 
 protected:
+    Date current_date() const; // the desktop's
     virtual void Event_Connected();
     virtual void Event_DataAvailable();
 

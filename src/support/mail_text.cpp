@@ -4,7 +4,6 @@
 #include "platform/text.h"
 
 #include <cmath>
-#include <ctime>
 #include <random>
 
 namespace tessit {
@@ -34,27 +33,13 @@ std::string EncodeBase64(std::string_view bytes, int line_length) {
     return result;
 }
 
-MailDate MailDate::now() {
-    const std::time_t seconds = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&seconds, &local);
-    return {.year = local.tm_year + 1900,
-            .month = local.tm_mon + 1,
-            .day = local.tm_mday,
-            .day_of_week = local.tm_wday,
-            .hour = local.tm_hour,
-            .minute = local.tm_min,
-            .second = local.tm_sec,
-            .gmt_offset = static_cast<double>(local.tm_gmtoff) / 3600};
-}
-
-std::string _GetEmailDateStr(const MailDate& date) {
+std::string _GetEmailDateStr(const Date& date) {
     static const Array<std::string> days = Split("Sun,Mon,Tue,Wed,Thu,Fri,Sat", ",");
     static const Array<std::string> months = Split("Jan,Feb,Mar,Apr,May,Jun,Jul,Aug,Sep,Oct,Nov,Dec", ",");
-    const int offset = static_cast<int>(std::lround(std::abs(date.gmt_offset) * 100));
+    const int offset = static_cast<int>(std::lround(std::abs(date.GMTOffset) * 100));
     return days[date.day_of_week] + ", " + Str(date.day) + " " + months[date.month - 1] + " " + Str(date.year) + " " +
            two_digits(date.hour) + ":" + two_digits(date.minute) + ":" + two_digits(date.second) +
-           (date.gmt_offset < 0 ? " -" : " +") + two_digits(offset / 100) + two_digits(offset % 100);
+           (date.GMTOffset < 0 ? " -" : " +") + two_digits(offset / 100) + two_digits(offset % 100);
 }
 
 double Rnd() {

@@ -2,6 +2,8 @@
 // Small pieces of a mail's text: its line end, base64, the date line, boundaries between its parts.
 #pragma once
 
+#include "platform/date.h"
+
 #include <functional>
 #include <string>
 #include <string_view>
@@ -16,21 +18,8 @@ std::string _ConvertEOLCharacter(std::string_view text);
 // Lines of at most `line_length` characters with CR LF between them, none behind the last.
 std::string EncodeBase64(std::string_view bytes, int line_length);
 
-struct MailDate {
-    int year = 1970;
-    int month = 1; // 1 to 12
-    int day = 1;
-    int day_of_week = 0; // 0 is Sunday
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-    double gmt_offset = 0; // in hours
-
-    static MailDate now(); // local time
-};
-
 // Such as "Mon, 3 Feb 2025 09:05:07 +0100". The offset is its hours times 100, so five and a half read "+0550".
-std::string _GetEmailDateStr(const MailDate& date);
+std::string _GetEmailDateStr(const Date& date);
 
 using Random = std::function<double()>; // uniform, from 0 up to 1
 double Rnd();

@@ -34,9 +34,7 @@ public:
     void DisconnectFromServer();
     void DeleteAllMessages() { Messages.clear(); }
 
-    // What is not the same at each run, for tests to replace.
-    std::function<MailDate()> current_date = MailDate::now;
-    Random random = Rnd;
+    Random random = Rnd; // for tests to replace
 
 protected:
     void Event_Connected() override;

@@ -30,9 +30,7 @@ protected:
         client->Username = "tessitassistant";
         client->Password = "123";
         client->random = [] { return 0.0; };
-        client->current_date = [] {
-            return MailDate{.year = 2025, .month = 2, .day = 3, .day_of_week = 1, .hour = 9, .gmt_offset = 5.5};
-        };
+        desktop.date = {.year = 2025, .month = 2, .day = 3, .hour = 9, .day_of_week = 1, .GMTOffset = 5.5};
     }
 
     void queue(const std::string& from, const std::string& body, const std::string& to = "support@tessit.example") {
