@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QShortcut>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -96,6 +97,9 @@ void HTMLViewerWidget::make_buttons() {
     add_button("zoom_out", "Smaller", "Smaller (Ctrl+-)", [this] { zoom(-1); });
     add_button("zoom_in", "Larger", "Larger (Ctrl++)", [this] { zoom(1); });
     add_button("find", "Find", "Find (Ctrl+F)", [this] { find_bar_.open(); });
+    contents_ = &add_button("contents", "Contents", "Contents (Ctrl+T)", [] {});
+    contents_->setPopupMode(QToolButton::InstantPopup);
+    contents_->setMenu(new QMenu(contents_));
     row->addStretch(1);
     page_number_ = new QLabel(&row_);
     page_number_->setObjectName("page_number");
@@ -109,6 +113,11 @@ void HTMLViewerWidget::make_shortcuts() {
         connect(shortcut, &QShortcut::activated, this, action);
     };
     on(Qt::CTRL | Qt::Key_F, [this] { find_bar_.open(); });
+    on(Qt::CTRL | Qt::Key_T, [this] {
+        if (contents_->isVisible()) {
+            contents_->showMenu();
+        }
+    });
     on(Qt::Key_F3, [this] { find(false, false); });
     on(Qt::SHIFT | Qt::Key_F3, [this] { find(true, false); });
     on(Qt::Key_Escape, [this] { find_bar_.isVisible() ? find_bar_.shut() : notice_.hide(); });
@@ -142,7 +151,11 @@ void HTMLViewerWidget::show_file(const QString& path, const QString& anchor) {
         return show_unreadable(path);
     }
     if (is_pdf(path)) {
-        return pdf_.open(path) ? bring_up(pdf_) : show_unreadable(path);
+        if (!pdf_.open(path)) {
+            return show_unreadable(path);
+        }
+        list_headings();
+        return bring_up(pdf_);
     }
     pdf_.close();
     QUrl url = QUrl::fromLocalFile(path);
@@ -298,9 +311,22 @@ void HTMLViewerWidget::edit(EditCommand command) {
     }
 }
 
+void HTMLViewerWidget::list_headings() {
+    contents_->menu()->clear();
+    QMenu* chapter = contents_->menu();
+    for (const PdfHeading& heading : pdf_.headings()) {
+        const QString title = QString(heading.title).replace('&', QLatin1String("&&"));
+        if (heading.level == 0) {
+            chapter = contents_->menu()->addMenu(title);
+        }
+        chapter->addAction(title, this, [this, heading] { pdf_.go_to(heading); });
+    }
+}
+
 void HTMLViewerWidget::refresh_buttons() {
     back_->setEnabled(shows_pdf() ? html_behind_ : html_.isBackwardAvailable());
     forward_->setEnabled(!shows_pdf() && html_.isForwardAvailable());
+    contents_->setVisible(shows_pdf() && !contents_->menu()->isEmpty());
     page_number_->setText(
         shows_pdf() ? QStringLiteral("Page %1 of %2").arg(pdf_.current_page() + 1).arg(pdf_.page_count()) : QString());
 }

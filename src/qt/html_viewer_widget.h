@@ -43,6 +43,7 @@ private:
     void zoom(int steps); // 0: as it was at first
     void edit(EditCommand command);
     void refresh_buttons();
+    void list_headings(); // of the PDF, a chapter with its sections each
     bool shows_pdf() const { return pages_.currentWidget() == &pdf_; }
 
     HTMLViewer& viewer_;
@@ -54,6 +55,7 @@ private:
     FindBar& find_bar_;
     QToolButton* back_ = nullptr;
     QToolButton* forward_ = nullptr;
+    QToolButton* contents_ = nullptr; // of the PDF, whose own links Qt does not tell of
     QLabel* page_number_ = nullptr;
     QString folder_;           // whose files the links may open
     bool html_behind_ = false; // a link led from it to the PDF

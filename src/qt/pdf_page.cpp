@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPdfBookmarkModel>
 #include <QPdfPageNavigator>
 #include <QScreen>
 #include <QScrollBar>
@@ -103,6 +104,34 @@ int PdfPage::current_page() const {
     const auto below =
         std::find_if(places.begin(), places.end(), [&](const QRect& place) { return place.bottom() >= upper_edge; });
     return static_cast<int>(std::min(below, places.end() - (places.empty() ? 0 : 1)) - places.begin());
+}
+
+std::vector<PdfHeading> PdfPage::headings() const {
+    QPdfBookmarkModel model;
+    model.setDocument(const_cast<QPdfDocument*>(&document_)); // which it only reads
+    std::vector<PdfHeading> found;
+    const std::function<void(const QModelIndex&)> take = [&](const QModelIndex& parent) {
+        for (int row = 0; row < model.rowCount(parent); ++row) {
+            const QModelIndex entry = model.index(row, 0, parent);
+            const auto value = [&](QPdfBookmarkModel::Role role) { return entry.data(static_cast<int>(role)); };
+            found.push_back({.title = value(QPdfBookmarkModel::Role::Title).toString(),
+                             .level = value(QPdfBookmarkModel::Role::Level).toInt(),
+                             .page = value(QPdfBookmarkModel::Role::Page).toInt(),
+                             .place = value(QPdfBookmarkModel::Role::Location).toPointF()});
+            take(entry);
+        }
+    };
+    take({});
+    return found;
+}
+
+void PdfPage::go_to(const PdfHeading& heading) {
+    constexpr int gap = 8; // above the heading, in pixels
+    if (heading.page < 0 || heading.page >= document_.pageCount()) {
+        return;
+    }
+    const double top = on_screen(heading.page, QRectF(heading.place, QSizeF(1, 1))).top();
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + static_cast<int>(std::lround(top)) - gap);
 }
 
 bool PdfPage::find(const QString& text, bool backward, bool from_present_place) {

@@ -14,6 +14,14 @@
 
 namespace tessit::qt {
 
+// A heading of the document, as its makers list it.
+struct PdfHeading {
+    QString title;
+    int level = 0; // 0 for a chapter
+    int page = 0;
+    QPointF place; // in points from the page's upper left corner
+};
+
 class PdfPage : public QPdfView {
 public:
     explicit PdfPage(QWidget& parent);
@@ -23,6 +31,8 @@ public:
     void close();
     int current_page() const; // the one at the upper edge, from 0
     int page_count() const { return document_.pageCount(); }
+    std::vector<PdfHeading> headings() const; // in the document's order; none where it lists none
+    void go_to(const PdfHeading& heading);    // to the upper edge
 
     // Goes to the next place, or to the present one again while it still fits; around the end. False: nowhere.
     bool find(const QString& text, bool backward, bool from_present_place);

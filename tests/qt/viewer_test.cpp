@@ -8,11 +8,13 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTextBrowser>
+#include <QToolButton>
 
 namespace tessit::qt {
 
@@ -90,6 +92,19 @@ void write_pdf(const QString& path) {
     writer.newPage();
     painter.drawText(72, 400, "third generator");
 }
+
+// Two pages, and a chapter with one section in the middle of the second.
+constexpr const char* listed_pdf = R"(%PDF-1.4
+1 0 obj <</Type /Catalog /Pages 2 0 R /Outlines 5 0 R>> endobj
+2 0 obj <</Type /Pages /Kids [3 0 R 4 0 R] /Count 2>> endobj
+3 0 obj <</Type /Page /Parent 2 0 R /MediaBox [0 0 595 842]>> endobj
+4 0 obj <</Type /Page /Parent 2 0 R /MediaBox [0 0 595 842]>> endobj
+5 0 obj <</First 6 0 R /Last 6 0 R /Count 1>> endobj
+6 0 obj <</Title (Keys & ports) /Parent 5 0 R /First 7 0 R /Last 7 0 R /Count 1 /Dest [3 0 R /XYZ 0 842 0]>> endobj
+7 0 obj <</Title (Ports) /Parent 6 0 R /Dest [4 0 R /XYZ 0 442 0]>> endobj
+trailer <</Root 1 0 R /Size 8>>
+%%EOF
+)";
 
 class HelpDesktop : public QtDesktop {
 public:
@@ -244,6 +259,29 @@ TEST_F(Viewer, MarksWhereTheTextIsAtEveryZoom) {
             return marked.width() > 8 && ink > 10;
         })) << steps;
     }
+}
+
+TEST_F(Viewer, ListsThePdfsHeadingsAndGoesToThem) {
+    auto& contents = find<QToolButton>("contents");
+    EXPECT_FALSE(contents.isVisible()); // of the help, which has its own links
+    open("HelpDisplayManual");
+    EXPECT_FALSE(contents.isVisible()); // it lists none
+    write_text(desktop.folder.filePath("manual.pdf"), listed_pdf);
+    open("HelpDisplayManual");
+    EXPECT_TRUE(contents.isVisible());
+    const QList<QAction*> chapters = contents.menu()->actions();
+    ASSERT_EQ(chapters.size(), 1);
+    EXPECT_EQ(chapters[0]->text(), "Keys && ports");
+    const QList<QAction*> sections = chapters[0]->menu()->actions();
+    ASSERT_EQ(sections.size(), 2); // the chapter itself first
+    sections[1]->trigger();
+    EXPECT_EQ(pdf().current_page(), 1);
+    const int at_section = pdf().verticalScrollBar()->value();
+    sections[0]->trigger();
+    EXPECT_EQ(pdf().current_page(), 0);
+    EXPECT_GT(at_section, pdf().verticalScrollBar()->value() + pdf().viewport()->height());
+    open("HelpOpenHelpFile");
+    EXPECT_FALSE(contents.isVisible());
 }
 
 TEST_F(Viewer, ScrollsZoomsAndCopiesByKeys) {
