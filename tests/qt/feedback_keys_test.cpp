@@ -2,26 +2,17 @@
 // The feedback form filled in with the keyboard alone.
 #include "core/main_window.h"
 #include "fixture.h"
+#include "folder_desktop.h"
 #include "support/feedback_form.h"
 
 #include <QRadioButton>
-#include <QTemporaryDir>
 
 namespace tessit::qt {
 
 namespace {
 
-class FeedbackDesktop : public QtDesktop {
-public:
-    FolderItem program_folder() override { return FolderItem(folder_.path().toStdString()); }
-    DialogAnswer show_dialog(const MessageDialog&) override { return DialogAnswer::action; } // of the first start
-
-private:
-    QTemporaryDir folder_;
-};
-
 TEST(FeedbackKeys, TabGoesFromGroupToGroupAndArrowsWithinOne) {
-    FeedbackDesktop desktop;
+    FolderDesktop desktop;
     App app(desktop, {.StageCode = Stage::beta});
     app.start();
     app.choose_menu("ContactUsGiveusyourFeedback");

@@ -4,27 +4,17 @@
 #include "composer/compose_window.h"
 #include "consolidator/consolidator_window.h"
 #include "editor/edit_window.h"
-#include "qt/qt_desktop.h"
+#include "folder_desktop.h"
 
 #include <QGuiApplication>
 #include <QPlainTextEdit>
 #include <QTableView>
-#include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
 
 namespace tessit::qt {
 
 namespace {
-
-class ProgramDesktop : public QtDesktop {
-public:
-    FolderItem program_folder() override { return FolderItem(folder_.path().toStdString()); }
-    DialogAnswer show_dialog(const MessageDialog&) override { return DialogAnswer::alternate; }
-
-private:
-    QTemporaryDir folder_;
-};
 
 class Lists : public testing::Test {
 protected:
@@ -72,7 +62,7 @@ protected:
         return false;
     }
 
-    ProgramDesktop desktop;
+    FolderDesktop desktop;
     App app{desktop, {.StageCode = Stage::beta}};
 };
 

@@ -2,6 +2,7 @@
 // The help window with small documents: links, finding, zoom, keys, copying, and documents that are missing.
 #include "core/main_window.h"
 #include "fixture.h"
+#include "folder_desktop.h"
 #include "qt/html_viewer_widget.h"
 #include "support/help_window.h"
 
@@ -106,13 +107,10 @@ trailer <</Root 1 0 R /Size 8>>
 %%EOF
 )";
 
-class HelpDesktop : public QtDesktop {
+class HelpDesktop : public FolderDesktop {
 public:
-    FolderItem program_folder() override { return FolderItem(folder.path().toStdString()); }
     std::vector<FolderItem> document_folders() override { return {FolderItem(installed.path().toStdString())}; }
-    DialogAnswer show_dialog(const MessageDialog&) override { return DialogAnswer::action; } // of the first start
 
-    QTemporaryDir folder;
     QTemporaryDir installed;
 };
 
