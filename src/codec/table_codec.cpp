@@ -36,14 +36,21 @@ void App::datareset() {
 }
 
 void App::load_data_array() {
+    encode_document(front_document());
+}
+
+void App::encode_document(DocumentWindow* document) {
     datareset();
     popupwindow->statusField.SetText("loading data registers");
     popupwindow->Show();
     auto& progress = popupwindow->ProgressBar1;
     progress.SetValue(1);
-    DocumentWindow* document = front_document();
     const int last_row = document == nullptr ? 0 : document->last_level_row();
     for (int level_row = 1; level_row <= last_row; ++level_row) {
+        if (level_row > most_levels) {
+            throw Fault(FaultKind::out_of_bounds, "The table has " + Str(last_row) + " levels, and a bank holds " +
+                                                      Str(most_levels) + ". Delete the rows that are too many.");
+        }
         const EncodingRules rules = document->encoding_rules();
         const LevelCells cells = cells_of(document->level_table(), level_row);
         if (rules.blank_rows == BlankRows::skipped && same_text(cells[column::waveform], "blank")) {
@@ -63,11 +70,7 @@ void App::load_data_array() {
 
 void App::displaydata(std::int32_t image_level) {
     Listbox& table = editwindow->edit_displayBox;
-    int target = row;
-    if (!insert) {
-        table.AddRow(Str(table.ListCount()));
-        target = table.ListCount() - 1;
-    }
+    const int target = row_for_next_level(*this, table);
     const DecodedLevel decoded =
         decode_level(bytes(image_level), {.time_form = time_form_of(default_timeformat), .mark = decimal_mark()});
     show_level(table, target, decoded);

@@ -17,7 +17,8 @@ public:
                          .title = "Frequency Consolidator",
                          .width = 765,
                          .height = 421,
-                         .frame = WindowFrame::document}),
+                         .frame = WindowFrame::document,
+                         .opening = Opening::shows_itself}),
           app(owner) {}
 
     StaticText StaticText1{*this, {.name = "StaticText1", .place = {20, 16, 250, 20}}, {.text = "Enter Frequencies:"}};

@@ -20,6 +20,10 @@ public:
     virtual EncodingRules encoding_rules() = 0; // how this window's texts become bytes
 };
 
+// The row that the next level goes to: a new one at the end, or while `insert` is set the one that Insert Row opened.
+// Fault out_of_bounds where that one has been deleted since.
+int row_for_next_level(const AppState& state, Listbox& table);
+
 // Two commands look for a document by title and differ in whether the main panel can be that document.
 enum class MainPanel { counts, is_passed_over };
 

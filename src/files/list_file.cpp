@@ -36,14 +36,15 @@ namespace {
 
 void open_frequency_list(App& app, const FolderItem& file) {
     auto stream = file.OpenAsTextFile();
+    ConsolidatorWindow& window = app.consolidatorWindow.get(); // before the name: it takes its own when it comes up
     app.filename = Replace(file.DisplayName(), list_extension, "");
-    app.consolidatorWindow->nameField.SetText(app.filename);
+    window.nameField.SetText(app.filename);
     app.popupwindow->statusField.SetText("");
     app.popupwindow->statusField.SetText("Loading file:  " + app.filename);
     app.popupwindow->Show();
     app.popupwindow->ProgressBar1.SetValue(0);
     app.popupwindow->ProgressBar1.Refresh();
-    EditField& list = app.consolidatorWindow->freqdisplayfield;
+    EditField& list = window.freqdisplayfield;
     list.SetText(stream->ReadAll()); // its text change makes separators of line ends and tabs
     list.SetText(list.Text());
     stream->Close();

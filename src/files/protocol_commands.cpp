@@ -97,7 +97,11 @@ bool App::_FileSave_Action() {
 }
 
 void App::writezpFile() {
-    load_data_array();
+    save_document(front_document());
+}
+
+void App::save_document(DocumentWindow* document) {
+    encode_document(document);
     if (const auto file = FSaveAs()) {
         auto stream = file->CreateBinaryFile(filetype);
         writefile(stream);

@@ -76,6 +76,21 @@ TEST_F(TableCodecTest, faults_at_save_keep_table_and_flag_and_take_the_notice_aw
     }
 }
 
+TEST_F(TableCodecTest, a_row_beyond_the_bank_is_told_as_such) {
+    program.enter("7.83");
+    for (int row = 2; row <= 51; ++row) {
+        window().edit_displayBox.AddRow(Str(row));
+        for (int i = 1; i < column::count; ++i) {
+            window().edit_displayBox.SetCell(row, i, program.cell(1, i));
+        }
+    }
+    program.desktop.expect_fault("_FileSave_Action");
+    app.choose_menu("FileSave");
+    EXPECT_EQ(program.desktop.faults.back().what,
+              "The table has 51 levels, and a bank holds 50. Delete the rows that are too many.");
+    EXPECT_EQ(app.fbyte0[50], 150);
+}
+
 TEST_F(TableCodecTest, display_appends_a_row_or_fills_the_inserted_one) {
     program.enter("7.83");
     app.load_data_array();

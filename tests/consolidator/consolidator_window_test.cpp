@@ -153,6 +153,13 @@ TEST_F(ConsolidatorTest, the_clipboard_serves_the_list_alone) {
     desktop.clipboard.reset(); // a picture, say
     app.choose_menu("EditPaste");
     EXPECT_EQ(list(), "1,5: 2,5 :");
+
+    app.consolidatorchanged = false;
+    consolidator().close_by_user();
+    desktop.clipboard = "4";
+    app.choose_menu("ContactUsOnlineSupport");
+    app.choose_menu("EditPaste");
+    EXPECT_EQ(app.front_window(), &consolidator()); // the list can be seen
 }
 
 TEST_F(ConsolidatorTest, save_writes_the_text_as_it_stands) {

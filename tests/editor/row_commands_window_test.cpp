@@ -90,6 +90,30 @@ TEST_F(RowCommandsTest, insert_opens_an_empty_row_that_the_next_level_fills) {
     EXPECT_FALSE(app.insert);
 }
 
+TEST_F(RowCommandsTest, a_level_without_its_row_is_told_the_way_out) {
+    enter_levels(2);
+    table().choose(2);
+    app.choose_menu("EditInsertRow");
+    for (int deletion = 0; deletion < 2; ++deletion) {
+        table().choose(2);
+        app.choose_menu("EditDeleteRow");
+    }
+    program.desktop.expect_fault("editwindow.FreqField_KeyDown");
+    program.enter("15");
+    EXPECT_NE(program.desktop.faults.back().what.find("choose Insert Row again"), std::string::npos);
+    table().choose(1);
+    app.choose_menu("EditInsertRow");
+    window().enterbutton.click();
+    EXPECT_EQ(levels(), "1:15 2:10");
+
+    table().double_click(2);
+    table().choose(2);
+    app.choose_menu("EditDeleteRow");
+    program.desktop.expect_fault("editwindow.submitchange_Action");
+    window().submitchange.click();
+    EXPECT_NE(program.desktop.faults.back().what.find("Press \"Cancel Change\""), std::string::npos);
+}
+
 TEST_F(RowCommandsTest, insert_without_a_level_selected_selects_the_row_worked_on_before) {
     enter_levels(3);
     app.row = 3;
