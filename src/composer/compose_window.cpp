@@ -3,10 +3,10 @@
 
 #include "composer/grouping.h"
 #include "consolidator/consolidator_window.h"
-#include "core/main_window.h"
-#include "core/menus.h"
 #include "editor/level_entry.h"
 #include "files/protocol_file.h"
+#include "program/main_window.h"
+#include "program/menus.h"
 
 namespace tessit {
 

@@ -3,12 +3,12 @@
 
 #include "composer/compose_window.h"
 #include "consolidator/frequency_list.h"
+#include "consolidator/list_file.h"
 #include "core/document_window.h"
 #include "core/enter_key.h"
-#include "core/main_window.h"
-#include "core/menus.h"
-#include "files/list_file.h"
 #include "files/protocol_file.h"
+#include "program/main_window.h"
+#include "program/menus.h"
 
 namespace tessit {
 

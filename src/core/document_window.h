@@ -2,8 +2,8 @@
 // The seam through which shared commands work on the document window in front, whichever it is.
 #pragma once
 
-#include "codec/encoder.h"
 #include "core/app_state.h"
+#include "level/encoder.h"
 #include "platform/application.h"
 #include "platform/listbox.h"
 

@@ -2,9 +2,9 @@
 #include "device/load_direct_window.h"
 
 #include "composer/compose_window.h"
-#include "core/main_window.h"
 #include "device/settings_window.h"
 #include "editor/edit_window.h"
+#include "program/main_window.h"
 
 namespace tessit {
 

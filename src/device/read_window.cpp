@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "device/read_window.h"
 
-#include "core/main_window.h"
-#include "core/menus.h"
 #include "device/load_direct_window.h"
 #include "device/settings_window.h"
 #include "files/protocol_file.h"
+#include "program/main_window.h"
+#include "program/menus.h"
 
 namespace tessit {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "editor/edit_window.h"
 
-#include "core/main_window.h"
-#include "core/menus.h"
 #include "files/protocol_file.h"
 #include "platform/text.h"
+#include "program/main_window.h"
+#include "program/menus.h"
 
 namespace tessit {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The three mail forms with their popups, the idle sockets of the main window, and the help window, against a mail
 // server that the test plays.
+#include "core/deployment.h"
 #include "support/contact_form.h"
-#include "support/deployment.h"
 #include "support/feedback_form.h"
 #include "support/help_window.h"
 #include "support/online_help_form.h"
