@@ -35,13 +35,6 @@ TEST_F(TableCodecTest, rows_become_levels_under_a_progress_notice) {
     EXPECT_EQ(app.fbyte0[3], 255);
 }
 
-TEST_F(TableCodecTest, decimal_comma_is_read_while_it_is_in_use) {
-    window().isoDecimal.click();
-    program.enter("7,83");
-    app.load_data_array();
-    EXPECT_EQ(app.fbyte1[1] * 256 + app.fbyte0[1], 7830);
-}
-
 TEST_F(TableCodecTest, too_many_decimals_beep_and_leave_the_notice_up) {
     program.enter("7.83");
     program.enter("1.2345");

@@ -94,21 +94,6 @@ TEST_F(LoadTest, a_port_is_chosen_and_set_up) {
     EXPECT_EQ(app.Window1->serial_port.SerialPort().Name, "Zephon emulator");
 }
 
-TEST_F(LoadTest, a_restored_port_is_not_opened_and_not_set_up) {
-    ScriptedDesktop desktop;
-    EmulatedPorts other(generator, desktop.simulated_clock);
-    desktop.connect(other);
-    write_file(desktop.folder / "ZP2Settings.fig", "serial port,0;\n");
-    App restored(desktop, test_version);
-    restored.start();
-    EXPECT_TRUE(restored.serialselected);
-    EXPECT_FALSE(other.in_use());
-    EXPECT_FALSE(restored.Window1->serial_port.settings().RequestToSend);
-    EXPECT_EQ(restored.load_direct_window->connectField.Text(),
-              "No port selectedSerial Port:  Zephon emulator  Connected"); // added to what the field says
-    EXPECT_EQ(restored.settings_window->connectField.Text(), "Serial Port:  Zephon emulator  Connected");
-}
-
 TEST_F(LoadTest, ports_beyond_the_fourth_are_listed_and_choosing_them_changes_no_port) {
     choose_port();
     EmulatedPorts six(generator, program.desktop.simulated_clock,
@@ -205,18 +190,6 @@ TEST_F(LoadTest, closing_the_load_window_only_hides_it) {
     EXPECT_EQ(&app.load_direct_window.get(), &window);
     EXPECT_EQ(window.bank_bt_hi, 3);
     EXPECT_EQ(window.bank_bt_lo, 9);
-}
-
-TEST_F(LoadTest, without_a_port_the_load_says_so_and_ends_after_a_thousand_tries) {
-    program.new_protocol();
-    program.enter("7.83");
-    program.desktop.expect_message("No Serial Port Selected");
-    app.choose_menu("ZephonLoadDirect");
-    app.load_direct_window->bank_bt0.choose(1);
-    program.desktop.expect_message(std::string("Ready to load: Untitled\rInto Bank: 01") + press_keys);
-    program.desktop.expect_message("No Connection Found");
-    app.load_direct_window->LoadButton.click();
-    EXPECT_EQ(program.desktop.simulated_clock.idled(), 1000 * 10'000);
 }
 
 TEST_F(LoadTest, a_silent_generator_is_asked_a_thousand_times) {

@@ -361,19 +361,6 @@ TEST_F(ReadTest, a_dismissed_save_clears_the_flag_all_the_same) {
     EXPECT_TRUE(app.changed);
 }
 
-TEST_F(ReadTest, the_close_prompt_can_be_cancelled_or_declined) {
-    store(1, hz_7_83);
-    read_bank();
-    app.insert = true;
-    desktop.expect_message(unsaved, DialogAnswer::cancel);
-    window().close_by_user();
-    EXPECT_TRUE(app.ReadZPWindow.exists() && app.changed && app.readchanged && app.insert);
-    EXPECT_EQ(row(1), hz_7_83_row);
-    desktop.expect_message(unsaved, DialogAnswer::alternate);
-    window().close_by_user();
-    EXPECT_FALSE(app.ReadZPWindow.exists() || app.changed || app.readchanged || app.insert);
-}
-
 // Edit Protocol
 
 TEST_F(ReadTest, edit_protocol_takes_the_levels_over_and_skips_blank_ones) {
@@ -485,37 +472,6 @@ TEST_F(RoundTrip, a_full_bank_comes_back_as_it_was_but_for_the_duty_of_other_sha
     EXPECT_EQ(window().BankTimeField.Text(), app.editwindow->BankTimeField.Text());
     EXPECT_EQ(window().bankfield.Text(), "Bank_9");
     EXPECT_TRUE(generator.violations().empty());
-}
-
-TEST_F(RoundTrip, what_a_bank_cannot_hold_comes_back_otherwise) {
-    struct Case {
-        int column;
-        const char* typed;
-        const char* row;
-    };
-    const Case cases[] = {
-        {column::base, "7.83", "|Single Frequency|007.830||1|3:00|00:03:00|ON|1|Square|70%|Positive"},
-        {column::base, "1234.567", "|Single Frequency|2345.67||1|3:00|00:03:00|ON|1|Square|70%|Positive"},
-        {column::base, ".5", "|Single Frequency|||1|3:00|00:03:00|ON|1|Square|70%|Positive"},
-        {column::rate, "509", "|Single Frequency|007.830||1|3:00|00:03:00|ON|509|Square|70%|Positive"},
-        {column::rate, "510", "|Single Frequency|007.830||1|3:00|00:03:00|ON|766|Square|70%|Positive"},
-        {column::output, "Offset", "|Single Frequency|007.830||1|3:00|00:03:00|OFF|1|Square|70%|Offset"},
-        {column::width, "200", "|Single Frequency|007.830||1|3:00|00:03:00|ON|1|Square|70%|Positive"},
-        {column::wave_shape, "Sine", "|Single Frequency|007.830||1|3:00|00:03:00|ON|1|Sine|70%|Positive"},
-        {column::waveform, "Sweep", "|Single Frequency|007.830||1|3:00|00:03:00|ON|1|Square|70%|Positive"},
-        {column::time_each, "0:00", "|Single Frequency|007.830||1|0:00|00:00:00|ON|1|Square|70%|Positive"},
-    };
-    program.new_protocol();
-    for (const Case& c : cases) {
-        program.enter("7.83");
-        app.editwindow->edit_displayBox.SetCell(program.levels(), c.column, c.typed);
-    }
-    load_into_bank(7);
-    read_back(7);
-    for (int level = 1; level <= static_cast<int>(std::size(cases)); ++level) {
-        EXPECT_EQ(row(level), cases[level - 1].row) << level;
-    }
-    EXPECT_EQ(row(static_cast<int>(std::size(cases)) + 1), blank_row);
 }
 
 } // namespace

@@ -113,29 +113,5 @@ TEST_F(PreferencesTest, cancel_keeps_everything_but_the_decimal_mark) {
     EXPECT_TRUE(window().isoDecimal.Value());
 }
 
-TEST_F(PreferencesTest, a_rate_with_a_comma_is_cut_at_it_in_the_next_run) {
-    window().defaultratefield.edit("7,83");
-    window().setbutton.click();
-    Program next(saved().substr(saved().find("dutycycle")));
-    EXPECT_EQ(next.app.default_rate, "7");
-}
-
-TEST_F(PreferencesTest, save_settings_is_offered_here_and_closes_the_window) {
-    app.defaultwidth = 3;
-    app.choose_menu("SettingsSaveSettings");
-    EXPECT_FALSE(app.SetPreferencesWindow.exists());
-    EXPECT_NE(saved().find(";width,3;"), std::string::npos);
-}
-
-TEST_F(PreferencesTest, a_settings_file_that_cannot_be_written_is_told_and_the_program_still_ends) {
-    std::filesystem::permissions(program.desktop.folder / settings_file_name, std::filesystem::perms::owner_read);
-    program.desktop.expect_fault("SetPreferencesWindow.setbutton_Action");
-    window().setbutton.click();
-    program.desktop.expect_fault("App.savesettings");
-    app.choose_menu("FileExitProgram");
-    EXPECT_TRUE(program.desktop.has_quit);
-    EXPECT_EQ(saved(), quiet_settings);
-}
-
 } // namespace
 } // namespace tessit::testing

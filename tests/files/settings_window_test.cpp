@@ -93,16 +93,6 @@ TEST_F(Settings, a_key_without_value_ends_in_the_fault_report_and_the_program_st
     EXPECT_TRUE(app->editwindow->Visible());
 }
 
-TEST_F(Settings, bytes_that_are_no_settings_change_nothing) {
-    std::string noise;
-    for (int i = 0; i < 4096; ++i) {
-        noise += static_cast<char>(i * 37);
-    }
-    start_with(noise);
-    app->savesettings();
-    EXPECT_EQ(file_bytes(file), default_line);
-}
-
 TEST_F(Settings, what_cannot_be_read_is_a_fault_and_the_program_starts_all_the_same) {
     fs::create_directory(file);
     desktop.expect_fault("Window1.Event_Open");
@@ -208,21 +198,6 @@ TEST_F(Settings, settings_that_cannot_be_written_are_told_and_the_program_quits)
     app->choose_menu("SettingsSetSerialPort");
     app->choose_menu("SettingsSaveSettings");
     EXPECT_FALSE(desktop.has_quit);
-}
-
-TEST_F(Settings, unsaved_work_may_keep_the_program_running_with_its_settings_saved) {
-    start_with(quiet_settings);
-    app->choose_menu("FileCreateNewFile");
-    app->editchanged = true;
-    const std::string question = "Data in the Edit window has not been saved to file\rDo you want to save it?";
-    desktop.expect_message(question, DialogAnswer::cancel);
-    app->choose_menu("FileExitProgram");
-    EXPECT_FALSE(desktop.has_quit);
-    EXPECT_TRUE(app->editwindow->Visible());
-    EXPECT_EQ(file_bytes(file), default_line);
-    desktop.expect_message(question, DialogAnswer::alternate);
-    app->choose_menu("FileExitProgram");
-    EXPECT_TRUE(desktop.has_quit);
 }
 
 } // namespace

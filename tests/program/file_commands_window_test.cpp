@@ -282,12 +282,6 @@ TEST_F(ProtocolFile, a_dismissed_save_dialog_writes_nothing_and_clears_the_flag)
     EXPECT_FALSE(app.editwindow.exists());
 }
 
-TEST_F(ProtocolFile, a_shorter_protocol_replaces_a_longer_file_whole) {
-    file("a.zp2", records(50));
-    enter_one_level();
-    EXPECT_EQ(program.save_as("a.zp2").size(), 12U);
-}
-
 TEST_F(ProtocolFile, save_leaves_out_low_bytes_of_255_and_the_closing_prompt_writes_them) {
     program.new_protocol();
     for (const char* frequency : {"0.511", "7.83", "0.767", "1.023"}) {
@@ -371,31 +365,7 @@ TEST_F(ProtocolFile, a_full_disk_ends_in_the_fault_report_with_the_old_file_the_
     EXPECT_EQ(program.save_as("a.zp2"), record(1)); // and once there is room
 }
 
-TEST_F(ProtocolFile, a_level_that_cannot_be_encoded_ends_in_the_fault_report_and_no_file_is_asked_for) {
-    enter_one_level();
-    program.enter("0.2"); // a word below 256
-    desktop.expect_fault("_FileSave_Action");
-    app.choose_menu("FileSave");
-    EXPECT_EQ(program.levels(), 2);
-    EXPECT_TRUE(app.editchanged);
-    EXPECT_FALSE(app.popupwindow->Visible());
-    app.editchanged = false;
-}
-
 // The closing prompt
-
-TEST_F(ProtocolFile, closing_asks_what_to_do_with_unsaved_work) {
-    enter_one_level();
-    app.insert = true;
-    close_editor(DialogAnswer::cancel);
-    EXPECT_EQ(program.levels(), 1);
-    EXPECT_TRUE(app.changed && app.editchanged && app.insert);
-
-    close_editor(DialogAnswer::alternate);
-    EXPECT_FALSE(app.editwindow.exists());
-    EXPECT_FALSE(app.changed || app.editchanged || app.insert);
-    EXPECT_TRUE(app.Window1->Visible());
-}
 
 TEST_F(ProtocolFile, closing_saves_under_the_protocols_name) {
     enter_one_level();
@@ -461,18 +431,6 @@ TEST_F(ProtocolFile, new_goes_on_after_a_veto_and_renames_the_table_that_stayed)
     EXPECT_EQ(app.editwindow->focus_control(), &app.editwindow->FreqField);
     EXPECT_EQ(image(1).substr(0, 11), unset_level);
     EXPECT_TRUE(app.editchanged);
-}
-
-TEST_F(ProtocolFile, quit_editor_asks_as_the_windows_own_button_does) {
-    enter_one_level();
-    desktop.expect_message(unsaved, DialogAnswer::cancel);
-    app.choose_menu("FileQuitEditor");
-    EXPECT_TRUE(app.editwindow->Visible());
-    desktop.expect_message(unsaved, DialogAnswer::alternate);
-    app.choose_menu("FileQuitEditor");
-    EXPECT_TRUE(app.Window1->Visible());
-    app.choose_menu("FileQuitEditor"); // nothing to close
-    EXPECT_FALSE(app.editwindow.exists());
 }
 
 } // namespace

@@ -77,29 +77,5 @@ TEST(Start, a_final_version_has_no_stage_word_and_two_blanks) {
     EXPECT_EQ(app.Window1->versiontext.Text(), "Version  1.2.3");
 }
 
-TEST(Quit, asks_about_unsaved_work_and_cancel_keeps_the_program) {
-    Program program;
-    App& app = program.app;
-    program.new_protocol();
-    program.enter("7.83");
-    const std::string question = "Data in the Edit window has not been saved to file\rDo you want to save it?";
-    program.desktop.expect_message(question, DialogAnswer::cancel);
-    app.choose_menu("FileExitProgram");
-    EXPECT_FALSE(program.desktop.has_quit);
-    EXPECT_TRUE(app.editwindow->Visible());
-    EXPECT_EQ(program.levels(), 1);
-
-    program.desktop.expect_message(question, DialogAnswer::cancel);
-    app.Window1->Show();
-    app.Window1->close_by_user();
-    EXPECT_FALSE(program.desktop.has_quit);
-    EXPECT_TRUE(app.Window1.exists());
-    EXPECT_EQ(app.port, 465); // Window1 was not made anew
-
-    program.desktop.expect_message(question, DialogAnswer::alternate);
-    app.choose_menu("FileExitProgram");
-    EXPECT_TRUE(program.desktop.has_quit);
-}
-
 } // namespace
 } // namespace tessit::testing

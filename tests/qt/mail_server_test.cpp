@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The mail forms over real sockets: to a mail server from the distribution, which stores what it gets, and to servers
-// that are absent, say nothing, hang up or refuse.
+// The mail forms over real sockets: to a mail server from the distribution, which stores what it gets.
 #include "core/deployment.h"
 #include "fixture.h"
 #include "program/main_window.h"
@@ -14,8 +13,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QTemporaryDir>
 
 namespace tessit::qt {
@@ -147,111 +144,6 @@ TEST_F(StoringServer, TakesALonePointForTheEnd) {
     form.ContactSubmitButton.click();
     EXPECT_EQ(body(1), "Jane <jane@home.example>   Wrote:\r\n\r\nbefore\r\n");
     expect_sent(form.contactSocket);
-}
-
-// A server whose every reply the test decides.
-class OddServer : public MailTest {
-protected:
-    OddServer() {
-        EXPECT_TRUE(server_.listen(QHostAddress::LocalHost));
-        desktop.loopback_port = server_.serverPort();
-        QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this] { take_connection(); });
-    }
-
-    std::vector<QByteArray> replies; // to the connection itself, then to each line; after the last one it hangs up
-    QByteArray always;               // to what comes after those, in place of hanging up
-    bool in_single_bytes = false;
-    int connections = 0;
-    int lines = 0;    // that the clients have sent
-    int hang_ups = 0; // by the clients
-
-private:
-    void take_connection() {
-        ++connections;
-        QTcpSocket* socket = server_.nextPendingConnection();
-        socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-        auto said = std::make_shared<std::size_t>(0);
-        QObject::connect(socket, &QTcpSocket::disconnected, socket, [this] { ++hang_ups; });
-        QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket, said] {
-            while (socket->canReadLine()) {
-                socket->readLine();
-                ++lines;
-                say_next(*socket, *said);
-            }
-        });
-        say_next(*socket, *said);
-    }
-
-    void say_next(QTcpSocket& socket, std::size_t& said) {
-        if (said >= replies.size() && always.isEmpty()) {
-            return socket.disconnectFromHost();
-        }
-        const QByteArray reply = said < replies.size() ? replies[said] : always;
-        ++said;
-        for (int at = 0; in_single_bytes && at < reply.size() - 1; ++at) {
-            socket.write(reply.mid(at, 1));
-            socket.flush();
-        }
-        socket.write(in_single_bytes ? reply.right(1) : reply);
-    }
-
-    QTcpServer server_;
-};
-
-TEST_F(OddServer, AbsentOrSilentLeavesTheFormUpAndSaysNothing) {
-    ContactUsForm& form = contact();
-    const int silent = desktop.loopback_port;
-    replies = {"220 the beginning of a greeting"};
-    for (const int port : {1, silent}) { // nobody listens at 1
-        desktop.loopback_port = port;
-        form.ContactSubmitButton.click();
-    }
-    EXPECT_TRUE(eventually([&] { return form.contactSocket.Lookahead() == replies.front().toStdString(); }));
-    EXPECT_TRUE(form.Visible());
-    EXPECT_TRUE(form.ContactSubmitButton.Enabled());
-    EXPECT_FALSE(app.ContactPopUp.exists());
-    EXPECT_EQ(form.contactSocket.Messages.size(), 2U);
-}
-
-TEST_F(OddServer, HangsUpAtEachStepAndTheNextSubmitBeginsAgain) {
-    const std::vector<QByteArray> all{"220 x\r\n",  "250 AUTH LOGIN\r\n", "334 u\r\n",  "334 p\r\n",
-                                      "235 ok\r\n", "250 ok\r\n",         "250 ok\r\n", "354 go on\r\n"};
-    ContactUsForm& form = contact();
-    for (std::size_t steps = 0; steps <= all.size(); ++steps) {
-        replies.assign(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(steps));
-        const int before = hang_ups;
-        form.ContactSubmitButton.click();
-        EXPECT_TRUE(eventually([&] { return hang_ups > before; })) << steps;
-        EXPECT_EQ(form.contactSocket.Messages.size(), steps + 1);
-    }
-    EXPECT_TRUE(app.ContactUsWindow.exists());
-}
-
-TEST_F(OddServer, RefusesForEverUntilTheFormIsClosed) {
-    replies = {"220 x\r\n", "500 no EHLO\r\n", "250 x\r\n"};
-    always = "550 no\r\n";
-    in_single_bytes = true;
-    ContactUsForm& form = contact();
-    form.ContactSubmitButton.click();
-    EXPECT_TRUE(eventually([&] { return lines > 60; }));
-    EXPECT_EQ(form.contactSocket.Messages.size(), 1U);
-    EXPECT_TRUE(app.ContactPopUp.exists());
-    app.ContactPopUp->PushButton1.click();
-    EXPECT_FALSE(app.ContactUsWindow.exists());
-    EXPECT_TRUE(eventually([&] { return hang_ups == 1; }));
-    EXPECT_EQ(connections, 1);
-}
-
-TEST_F(OddServer, SubmitPressedTwiceInOneBreathConnectsAnew) {
-    replies = {"220 x\r\n"};
-    always = "250 ok\r\n";
-    ContactUsForm& form = contact();
-    form.ContactSubmitButton.click();
-    form.ContactSubmitButton.click();
-    EXPECT_EQ(form.contactSocket.Messages.size(), 2U);
-    EXPECT_TRUE(eventually([&] { return lines > 0; }));
-    form.close_by_user();
-    EXPECT_TRUE(eventually([&] { return hang_ups == connections; }));
 }
 
 } // namespace

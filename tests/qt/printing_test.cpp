@@ -205,17 +205,6 @@ TEST_F(Printing, AFullDiskIsToldAndTheOldFileStays) {
     EXPECT_EQ(editor().edit_displayBox.ListCount(), 2);
 }
 
-TEST_F(Printing, TheDialogItselfRefusesAFolderThatIsNotThere) {
-    app.choose_menu("FilePrint");
-    when_shown<QMessageBox>([this](QMessageBox& box) {
-        EXPECT_TRUE(box.text().contains("not writable")) << box.text().toStdString();
-        when_shown<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
-        box.accept();
-    });
-    finish_to(desktop.folder.filePath("no such folder/report.pdf"));
-    EXPECT_TRUE(desktop.faults.empty());
-}
-
 TEST_F(Printing, ADismissedDialogLeavesNothingBehind) {
     app.choose_menu("FilePrint");
     when_shown<QPrintDialog>([this](QPrintDialog& dialog) {
