@@ -26,10 +26,7 @@ std::string grouped(const std::vector<double>& list) {
 } // namespace
 
 TEST(Grouping, a_run_is_measured_from_its_first_member) {
-    struct Case {
-        std::vector<double> list;
-        const char* rows;
-    } const cases[] = {
+    const std::pair<std::vector<double>, const char*> cases[] = {
         {{}, ""},
         {{100}, "(100)"},
         {{120, 117.9F, 110, 100}, "120 117.9 110[5@115] (100)"},
@@ -40,8 +37,8 @@ TEST(Grouping, a_run_is_measured_from_its_first_member) {
         {{0, 50, 0, 45, 0}, "(50) (45)"},              // a 0 gives no row and ends a run
         {{10, 20, 30, 40}, "10 20[5@15] 30 40[5@35]"}, // a list sorted upward stays so
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(grouped(c.list), c.rows);
+    for (const auto& [list, rows] : cases) {
+        EXPECT_EQ(grouped(list), rows);
     }
     EXPECT_THROW(group_frequencies(Array<double>{1, 2}, 1), Fault); // no 0 behind the list
 }

@@ -2,8 +2,6 @@
 // The table to the register image and back, in the running program.
 #include "support/program.h"
 
-#include <gtest/gtest.h>
-
 namespace tessit::testing {
 namespace {
 
@@ -24,9 +22,9 @@ TEST_F(TableCodecTest, reset_unsets_levels_1_to_50_and_not_index_0) {
 TEST_F(TableCodecTest, rows_become_levels_under_a_progress_notice) {
     program.enter("7.83");
     program.enter("1234.5");
-    std::vector<std::string> before = program.desktop.shown;
+    std::vector<std::string> before = desktop.shown;
     app.load_data_array();
-    EXPECT_EQ(program.desktop.shown.back(), "popupwindow");
+    EXPECT_EQ(desktop.shown.back(), "popupwindow");
     EXPECT_EQ(app.popupwindow->statusField.Text(), "loading data registers");
     EXPECT_EQ(app.popupwindow->ProgressBar1.Value(), 3);
     EXPECT_FALSE(app.popupwindow->Visible());
@@ -39,10 +37,10 @@ TEST_F(TableCodecTest, too_many_decimals_beep_and_leave_the_notice_up) {
     program.enter("7.83");
     program.enter("1.2345");
     program.enter("10");
-    program.desktop.expect_message("too many decimals entered");
+    desktop.expect_message("too many decimals entered");
     app.load_data_array();
-    EXPECT_EQ(program.desktop.dialogs.back().Icon, DialogIcon::stop);
-    EXPECT_EQ(program.desktop.beeps, 3);
+    EXPECT_EQ(desktop.dialogs.back().Icon, DialogIcon::stop);
+    EXPECT_EQ(desktop.beeps, 3);
     EXPECT_TRUE(app.popupwindow->Visible());
     EXPECT_EQ(app.fbyte0[1], 150); // the rows before stay
     EXPECT_EQ(app.fbyte0[3], 255);
@@ -58,10 +56,10 @@ TEST_F(TableCodecTest, faults_at_save_keep_table_and_flag_and_take_the_notice_aw
         program.new_protocol();
         program.enter("7.83");
         window().edit_displayBox.SetCell(1, c.column, c.text);
-        program.desktop.expect_fault("_FileSave_Action");
+        desktop.expect_fault("_FileSave_Action");
         app.choose_menu("FileSave");
-        EXPECT_EQ(program.desktop.faults.back().kind, FaultKind::out_of_bounds) << c.text;
-        EXPECT_EQ(program.desktop.faults.back().what.rfind("Level 1 can't be turned", 0), 0U); // names the culprit
+        EXPECT_EQ(desktop.faults.back().kind, FaultKind::out_of_bounds) << c.text;
+        EXPECT_EQ(desktop.faults.back().what.rfind("Level 1 can't be turned", 0), 0U); // names the culprit
         EXPECT_EQ(program.cell(1, c.column), c.text);
         EXPECT_TRUE(app.editchanged);
         EXPECT_FALSE(app.popupwindow->Visible());
@@ -77,9 +75,9 @@ TEST_F(TableCodecTest, a_row_beyond_the_bank_is_told_as_such) {
             window().edit_displayBox.SetCell(row, i, program.cell(1, i));
         }
     }
-    program.desktop.expect_fault("_FileSave_Action");
+    desktop.expect_fault("_FileSave_Action");
     app.choose_menu("FileSave");
-    EXPECT_EQ(program.desktop.faults.back().what,
+    EXPECT_EQ(desktop.faults.back().what,
               "The table has 51 levels, and a bank holds 50. Delete the rows that are too many.");
     EXPECT_EQ(app.fbyte0[50], 150);
 }

@@ -8,8 +8,6 @@
 #include "emulator/example_bank.h"
 #include "support/program.h"
 
-#include <gtest/gtest.h>
-
 namespace tessit::testing {
 namespace {
 
@@ -36,11 +34,8 @@ emulator::LevelBytes in_memory(const std::string& record) {
     return bytes;
 }
 
-class ReadTest : public ::testing::Test {
+class ReadTest : public ProgramTest {
 protected:
-    Program program;
-    App& app = program.app;
-    ScriptedDesktop& desktop = program.desktop;
     Generator generator;
     EmulatedPorts ports{generator, desktop.simulated_clock};
 
@@ -250,24 +245,19 @@ TEST_F(ReadTest, one_byte_wrong_on_the_line_shows_as_it_came) {
     constexpr int second_levels_fbyte2 = 19 + 2;
     constexpr const char* too_early = "|Single Frequency|||1|21:03|00:21:03|ON|511|Square||Negative";
     constexpr const char* too_late = "|Single Frequency|||1|0:08|00:00:08|ON|0|Square||Negative";
-    struct Case {
-        FailureMode mode;
-        const char* second;
-        const char* others; // behind it
-    };
-    const Case cases[] = {
+    const std::tuple<FailureMode, const char*, const char*> cases[] = {
         {FailureMode::sending_byte_lost, too_early, too_early},
         {FailureMode::sending_byte_doubled, too_late, too_late},
         {FailureMode::sending_byte_flipped, hz_7_83_row, hz_7_83_row}, // a high byte of 255 counts as 0
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(emulator::name(c.mode));
+    for (const auto& [mode, second, others] : cases) {
+        SCOPED_TRACE(emulator::name(mode));
         store_in_all(hz_7_83);
-        read_failing(c.mode, second_levels_fbyte2);
+        read_failing(mode, second_levels_fbyte2);
         EXPECT_EQ(row(1), hz_7_83_row);
-        EXPECT_EQ(row(2), c.second);
-        EXPECT_EQ(row(3), c.others);
-        EXPECT_EQ(row(49), c.others);
+        EXPECT_EQ(row(2), second);
+        EXPECT_EQ(row(3), others);
+        EXPECT_EQ(row(49), others);
         app.readchanged = false;
         window().close_by_user();
     }

@@ -2,8 +2,6 @@
 // The editor window: how its controls react to one another, how a row comes back into the fields, how it closes.
 #include "support/program.h"
 
-#include <gtest/gtest.h>
-
 namespace tessit::testing {
 namespace {
 

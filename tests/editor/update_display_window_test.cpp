@@ -2,8 +2,6 @@
 // Level entry in the running editor: both ways in, both paths, every limit on the path that has it.
 #include "support/program.h"
 
-#include <gtest/gtest.h>
-
 namespace tessit::testing {
 namespace {
 
@@ -38,7 +36,7 @@ TEST_F(LevelEntryTest, keys_that_enter_and_what_they_leave_behind) {
     window().FreqField.type("6l"); // the letter enters, and then reaches the emptied field
     EXPECT_EQ(program.levels(), 2);
     EXPECT_EQ(window().FreqField.Text(), "l");
-    program.desktop.expect_message("Invalid frequency entered");
+    desktop.expect_message("Invalid frequency entered");
     program.enter("");
     EXPECT_EQ(window().FreqField.Text(), "l");
     EXPECT_EQ(program.levels(), 2);
@@ -53,15 +51,15 @@ TEST_F(LevelEntryTest, keys_that_enter_and_what_they_leave_behind) {
 }
 
 TEST_F(LevelEntryTest, limits_stand_on_the_paths_that_have_them) {
-    program.desktop.expect_message("No Frequency Entered");
+    desktop.expect_message("No Frequency Entered");
     program.enter("");
-    program.desktop.expect_message("No Frequency Entered");
+    desktop.expect_message("No Frequency Entered");
     window().enterbutton.click();
     EXPECT_TRUE(window().format_box.Enabled());
     EXPECT_FALSE(app.editchanged);
 
     program.enter("999999");
-    program.desktop.expect_message("Frequency entered exceeds the maximum");
+    desktop.expect_message("Frequency entered exceeds the maximum");
     program.enter("1000000");
     EXPECT_EQ(program.levels(), 1);
     window().enterbutton.click(); // the button does not test the maximum
@@ -70,7 +68,7 @@ TEST_F(LevelEntryTest, limits_stand_on_the_paths_that_have_them) {
     window().FreqField.type("123456789");
     EXPECT_EQ(window().FreqField.Text(), "1234567"); // seven characters at most
     window().FreqField.edit("abc");
-    program.desktop.expect_message("Invalid frequency entered");
+    desktop.expect_message("Invalid frequency entered");
     window().enterbutton.click();
     EXPECT_EQ(window().FreqField.Text(), "abc"); // kept, so that it can be mended
     EXPECT_TRUE(app.editchanged);
@@ -82,7 +80,7 @@ TEST_F(LevelEntryTest, fifty_levels_and_no_more) {
     }
     EXPECT_EQ(program.levels(), 50);
     EXPECT_EQ(window().edit_displayBox.ScrollPosition(), 40);
-    program.desktop.expect_message("maximum 50 levels has been exceeded");
+    desktop.expect_message("maximum 50 levels has been exceeded");
     program.enter("10");
     EXPECT_EQ(program.levels(), 50);
     EXPECT_EQ(window().FreqField.Text(), "10");
@@ -150,11 +148,11 @@ TEST_F(LevelEntryTest, a_wave_text_of_the_users_own_has_no_frequencies) {
 
 TEST_F(LevelEntryTest, a_time_format_of_the_users_own_ends_in_a_fault_and_the_program_goes_on) {
     window().format_box.edit("Hours");
-    program.desktop.expect_fault("editwindow.FreqField_KeyDown");
+    desktop.expect_fault("editwindow.FreqField_KeyDown");
     program.enter("5");
     EXPECT_EQ(program.levels(), 1);
     EXPECT_EQ(program.cell(1, column::total_time), "");
-    EXPECT_EQ(program.desktop.faults.back().kind, FaultKind::out_of_bounds);
+    EXPECT_EQ(desktop.faults.back().kind, FaultKind::out_of_bounds);
     EXPECT_TRUE(window().Visible());
 }
 

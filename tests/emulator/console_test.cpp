@@ -132,10 +132,7 @@ TEST(Console, UnplugAndPlug_TakeTheLineAwayAndBack) {
 }
 
 TEST(Console, WrongCommands_GetOneClearError) {
-    const struct {
-        const char* command;
-        const char* error;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"blink", "error: unknown command 'blink'; help lists them"},
         {"5 2", "error: use: 5 3 or 5 2 BANK #"},
         {"5", "error: use: 5 3 or 5 2 BANK #"},

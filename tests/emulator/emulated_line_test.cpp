@@ -7,8 +7,6 @@
 namespace tessit::emulator::test {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-
 struct EmulatedLineTest : ::testing::Test {
     Generator generator;
     SimulatedClock clock;

@@ -6,16 +6,6 @@
 namespace tessit::emulator::test {
 namespace {
 
-using Bytes = std::vector<Byte>;
-
-std::string violation_texts(const Generator& generator) {
-    std::string texts;
-    for (const Violation& violation : generator.violations()) {
-        texts += (texts.empty() ? "" : "; ") + violation.expected + " / " + violation.came;
-    }
-    return texts;
-}
-
 // The short form of a wait's violation, for the table below.
 std::string without_words(std::string text) {
     for (const std::string_view words : {"a wait of ", "the next byte ", " too early"}) {
@@ -80,12 +70,8 @@ TEST(Loading, WrapOfTheLowAddressByte_IsCarried) {
 enum class Then { stored, refused };
 
 TEST(Loading, EachBreach_IsRemembered) {
-    const struct {
-        std::size_t place;
-        Sent instead;
-        Then then; // a level with wrong bytes is neither stored nor acknowledged
-        const char* violation;
-    } cases[] = {
+    // A level with wrong bytes is neither stored nor acknowledged.
+    const std::tuple<std::size_t, Sent, Then, const char*> cases[] = {
         {record_at + 2, {5'000, 151}, Then::refused, "check byte 30 / byte 31"},
         {record_at + 11, {5'000, 0}, Then::refused, "check byte 31 / byte 0"},
         {count_at, {5'000, 5}, Then::refused, "count byte 4 / byte 5"},
@@ -191,10 +177,7 @@ TEST(Loading, CallsThatAHeldUpReaderTakesInTogether_AreAnsweredOnceWithoutABreac
 }
 
 TEST(Loading, SenderThatGaveUpOnALateReader_BeginsAnewWithoutABreach) {
-    const struct {
-        std::size_t bytes; // of the load that is given up
-        const char* behind;
-    } cases[] = {
+    const std::pair<std::size_t, const char*> cases[] = {
         {low_at + 1, "the address"},
         {count_at + 1, "the record"},
     };

@@ -9,18 +9,8 @@
 namespace tessit::emulator::test {
 namespace {
 
-using Bytes = std::vector<Byte>;
-
 constexpr LevelBytes marked(Byte mark) {
     return {0x00, 0x1e, mark, 0x08, 0x00, 0x03, 0x15, 0x07, 0x00, 0x00, 0x01, 0x24, 0xff, 0xff, 0xff, 0xff};
-}
-
-std::string violation_texts(const Generator& generator) {
-    std::string texts;
-    for (const Violation& violation : generator.violations()) {
-        texts += (texts.empty() ? "" : "; ") + violation.expected + " / " + violation.came;
-    }
-    return texts;
 }
 
 template <class... Parts> Bytes joined(const Parts&... parts) {

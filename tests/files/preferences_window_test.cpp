@@ -6,8 +6,6 @@
 #include "files/time_defaults.h"
 #include "support/program.h"
 
-#include <gtest/gtest.h>
-
 namespace tessit::testing {
 namespace {
 
@@ -15,31 +13,24 @@ constexpr const char* factory_settings =
     "serial port,15;dutycycle,7;output,0;pulse,0;shape,0;wave,0;width,9;rate,1;sf_time_ms,3:00;sf_time_s,180;"
     "wp_time_ms,:10;wp_time_s,10;timeformat,1;use_euro,False;";
 
-class PreferencesTest : public ::testing::Test {
+class PreferencesTest : public ProgramTest {
 protected:
-    Program program;
-    App& app = program.app;
     PreferencesWindow& window() { return app.SetPreferencesWindow.get(); }
-    std::string saved() { return file_bytes(program.desktop.folder / settings_file_name); }
+    std::string saved() { return file_bytes(desktop.folder / settings_file_name); }
 
     void SetUp() override { app.choose_menu("SettingsSetPreferences"); }
 };
 
 TEST(TimeDefault, one_text_makes_the_other) {
-    struct Case {
-        TimeForm form;
-        const char* typed;
-        TimeDefault result;
-    };
-    const Case cases[] = {
+    const std::tuple<TimeForm, const char*, TimeDefault> cases[] = {
         {TimeForm::seconds, "45", {"45", "00:45"}},      {TimeForm::seconds, "5", {"5", "00:05"}},
         {TimeForm::seconds, "59.9", {"59.9", "00:59"}},  {TimeForm::seconds, "60", {"60", "3:001:00"}},
         {TimeForm::seconds, "150", {"150", "3:002:30"}}, // behind the old text: that is how it is meant
         {TimeForm::clock, "2:30", {"150", "2:30"}},      {TimeForm::clock, ":10", {"10", ":10"}},
         {TimeForm::clock, "230", {"150", "230"}},        {TimeForm::clock, "", {"0", ""}},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(set_time_default({"180", "3:00"}, c.typed, c.form), c.result) << c.typed;
+    for (const auto& [form, typed, result] : cases) {
+        EXPECT_EQ(set_time_default({"180", "3:00"}, typed, form), result) << typed;
     }
 }
 

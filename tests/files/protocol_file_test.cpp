@@ -78,19 +78,15 @@ TEST(ReadRecord, takes_twelve_bytes_in_file_order) {
 }
 
 TEST(ReadRecord, keeps_the_check_byte_signed) {
-    struct Case {
-        const char* last;
-        int errorchk;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, int> cases[] = {
         {"\x7f", 127},
         {"\x80", -128},
         {"\xff", -1},
     };
-    for (const auto& c : cases) {
-        const RegisterImage image = image_of(std::string(11, '\1') + c.last);
-        EXPECT_EQ(image.errorchk[1], c.errorchk);
-        EXPECT_EQ(image.bytes(1)[record_offset::errorchk], static_cast<std::uint8_t>(c.errorchk));
+    for (const auto& [last, errorchk] : cases) {
+        const RegisterImage image = image_of(std::string(11, '\1') + last);
+        EXPECT_EQ(image.errorchk[1], errorchk);
+        EXPECT_EQ(image.bytes(1)[record_offset::errorchk], static_cast<std::uint8_t>(errorchk));
     }
 }
 
@@ -107,22 +103,17 @@ TEST(ReadRecord, drops_one_253_before_a_record) {
 }
 
 TEST(ReadRecord, what_a_short_file_lacks_is_zero) {
-    struct Case {
-        std::string file;
-        const char* level_1;
-        const char* level_2;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string, const char*, const char*> cases[] = {
         {"", "ff ff ff ff ff ff ff ff ff ff ff 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
         {"a", "61 00 00 00 00 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
         {"\xfd", "00 00 00 00 00 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
         {"abcde", "61 62 63 64 65 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
         {"abcdefghijklm", "61 62 63 64 65 66 67 68 69 6a 6b 6c", "6d 00 00 00 00 00 00 00 00 00 00 00"},
     };
-    for (const auto& c : cases) {
-        const RegisterImage image = image_of(c.file);
-        EXPECT_EQ(level_hex(image, 1), c.level_1) << c.file;
-        EXPECT_EQ(level_hex(image, 2), c.level_2) << c.file;
+    for (const auto& [file, level_1, level_2] : cases) {
+        const RegisterImage image = image_of(file);
+        EXPECT_EQ(level_hex(image, 1), level_1) << file;
+        EXPECT_EQ(level_hex(image, 2), level_2) << file;
     }
 }
 
@@ -136,19 +127,15 @@ TEST(ReadRecord, fifty_records_fit_and_the_next_is_out_of_bounds) {
 
 // Each mark is blind for words of its own: a low byte of 255 for one, a high byte of 255 for the other.
 TEST(WriteProtocol, leaves_out_what_its_mark_takes_for_unset) {
-    struct Case {
-        std::int32_t word;
-        bool by_low_byte, by_high_byte;
-    };
-    const Case cases[] = {
+    const std::tuple<std::int32_t, bool, bool> cases[] = {
         {0, true, true},      {254, true, true},           {255, false, true},
         {256, true, true},    {511, false, true},          {767, false, true},
         {999999, true, true}, {0xFF * 65536, true, false}, {0xFFFFFF, false, false},
     };
-    for (const auto& c : cases) {
-        const RegisterImage image = with_words({c.word});
-        EXPECT_EQ(written(image, UnsetMark::low_frequency_byte).size(), c.by_low_byte ? 12U : 0U) << c.word;
-        EXPECT_EQ(written(image, UnsetMark::high_frequency_byte).size(), c.by_high_byte ? 12U : 0U) << c.word;
+    for (const auto& [word, by_low_byte, by_high_byte] : cases) {
+        const RegisterImage image = with_words({word});
+        EXPECT_EQ(written(image, UnsetMark::low_frequency_byte).size(), by_low_byte ? 12U : 0U) << word;
+        EXPECT_EQ(written(image, UnsetMark::high_frequency_byte).size(), by_high_byte ? 12U : 0U) << word;
     }
 }
 

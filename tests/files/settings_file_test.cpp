@@ -60,12 +60,8 @@ TEST(SettingsFile, keys_match_in_either_case) {
 }
 
 TEST(SettingsFile, odd_fields_have_the_effect_that_they_have) {
-    struct Case {
-        const char* field;
-        const char* changed; // of the default line, into the text behind it
-        const char* into;
-    };
-    const Case cases[] = {
+    // A field, and what of the default line it changes into what.
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"serial port,X", "serial port,15;", "serial port,0;"},
         {"serial port,X,filepath,/a", "serial port,15;", "serial port,0;"},
         {"serial port,", "serial port,15;", "serial port,0;"},
@@ -86,8 +82,8 @@ TEST(SettingsFile, odd_fields_have_the_effect_that_they_have) {
         {" wave,4", "", ""},
         {"\n", "", ""}, // the file's line end
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(settings_text(read(c.field)), Replace(default_line, c.changed, c.into)) << c.field;
+    for (const auto& [field, changed, into] : cases) {
+        EXPECT_EQ(settings_text(read(field)), Replace(default_line, changed, into)) << field;
     }
 }
 

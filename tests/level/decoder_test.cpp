@@ -29,19 +29,14 @@ std::string joined(const DecodedLevel& level) {
 }
 
 TEST(DecodeBase, puts_the_point_and_keeps_short_words_short) {
-    struct Case {
-        std::int32_t word;
-        std::uint8_t db3;
-        const char* text;
-    };
-    const Case cases[] = {
+    const std::tuple<std::int32_t, std::uint8_t, const char*> cases[] = {
         {123456, 1, "123456"}, {123456, 2, "12345.6"}, {123456, 4, "1234.56"}, {123456, 8, "123.456"},
         {12345, 8, "012.345"}, {1234, 8, "001.234"},   {123, 8, ".123"},       {12, 8, ".12"},
         {5, 8, ".5"},          {500, 8, ".500"},       {5, 2, ".5"},           {5, 4, ".5"},
         {12, 4, ".12"},        {123456, 0, ""},        {123456, 3, ""},        {123456, 255, ""},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(decode_base(c.word, c.db3), c.text) << c.word << " " << int{c.db3};
+    for (const auto& [word, db3, text] : cases) {
+        EXPECT_EQ(decode_base(word, db3), text) << word << " " << int{db3};
     }
 }
 

@@ -22,14 +22,11 @@ TEST(Base64, lines_of_76_with_line_ends_between_them_only) {
     const std::string line = "QUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFB";
     const std::string with_zeros("\0a\0\xff", 4);
     const std::string longer(58, 'A');
-    const struct {
-        std::string_view bytes;
-        std::string encoded;
-    } cases[] = {
+    const std::pair<std::string_view, std::string> cases[] = {
         {"", ""}, {"f", "Zg=="}, {"fo", "Zm8="}, {"foo", "Zm9v"}, {with_zeros, "AGEA/w=="}, {longer, line + "\r\nQQ=="},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(EncodeBase64(c.bytes, 76), c.encoded);
+    for (const auto& [bytes, encoded] : cases) {
+        EXPECT_EQ(EncodeBase64(bytes, 76), encoded);
     }
     EXPECT_EQ(EncodeBase64(std::string(57, 'A'), 76), line);
 }
@@ -37,15 +34,12 @@ TEST(Base64, lines_of_76_with_line_ends_between_them_only) {
 // Five and a half hours are "+0550" and not "+0530".
 TEST(MailDate, an_offset_is_its_hours_times_100) {
     Date date{.year = 2025, .month = 2, .day = 3, .hour = 9, .minute = 5, .second = 7, .day_of_week = 1};
-    const struct {
-        double offset;
-        const char* text;
-    } cases[] = {
+    const std::pair<double, const char*> cases[] = {
         {0, "+0000"}, {1, "+0100"}, {5.5, "+0550"}, {5.75, "+0575"}, {-3.5, "-0350"}, {-11, "-1100"},
     };
-    for (const auto& c : cases) {
-        date.GMTOffset = c.offset;
-        EXPECT_EQ(_GetEmailDateStr(date), std::string("Mon, 3 Feb 2025 09:05:07 ") + c.text);
+    for (const auto& [offset, text] : cases) {
+        date.GMTOffset = offset;
+        EXPECT_EQ(_GetEmailDateStr(date), std::string("Mon, 3 Feb 2025 09:05:07 ") + text);
     }
     EXPECT_GE(local_date(std::time(nullptr)).year, 2025);
 }

@@ -104,11 +104,7 @@ TEST_F(SmtpTest, two_messages_with_login) {
 
 TEST_F(SmtpTest, how_it_introduces_itself) {
     const std::string plain = "auth plain AHRlc3NpdGFzc2lzdGFudAAxMjM=\r\n";
-    const struct {
-        const char* what;
-        std::string account;
-        std::vector<Exchange> dialogue;
-    } cases[] = {
+    const std::tuple<const char*, std::string, std::vector<Exchange>> cases[] = {
         {"PLAIN alone", "tessitassistant", {{"250-x\r\n250 AUTH PLAIN", plain}, {"235 ok", "MAIL FROM: <a>\r\n"}}},
         {"no offer at all", "tessitassistant", {{"250 x", plain}}},
         {"an unknown one", "tessitassistant", {{"250 AUTH CRAM-MD5", plain}}},
@@ -121,14 +117,14 @@ TEST_F(SmtpTest, how_it_introduces_itself) {
         {"no account", "", {{"250 AUTH LOGIN", "MAIL FROM: <a>\r\n"}}},
         {"no answer left", "", {{"334 more", ""}, {"250 x", "MAIL FROM: <a>\r\n"}}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& [what, account, dialogue] : cases) {
+        SCOPED_TRACE(what);
         make_client();
-        client->Username = c.account;
+        client->Username = account;
         queue("a", "one");
         connect();
-        EXPECT_EQ(server.answer_to("220 x"), c.account.empty() ? "HELO [192.0.2.7]\r\n" : "EHLO [192.0.2.7]\r\n");
-        expect(c.dialogue);
+        EXPECT_EQ(server.answer_to("220 x"), account.empty() ? "HELO [192.0.2.7]\r\n" : "EHLO [192.0.2.7]\r\n");
+        expect(dialogue);
     }
 }
 
@@ -164,10 +160,7 @@ TEST_F(SmtpTest, all_kinds_of_recipients_and_their_notations) {
 }
 
 TEST_F(SmtpTest, a_refused_message_is_tried_again_for_ever) {
-    const struct {
-        const char* refused;
-        std::vector<std::string> before;
-    } steps[] = {
+    const std::pair<const char*, std::vector<std::string>> steps[] = {
         {"the greeting", {}},
         {"authentication", {"220 x", "250 AUTH LOGIN"}},
         {"MAIL FROM", {"220 x", "250 x", "235 ok"}},
@@ -175,11 +168,11 @@ TEST_F(SmtpTest, a_refused_message_is_tried_again_for_ever) {
         {"DATA", {"220 x", "250 x", "235 ok", "250 ok", "250 ok"}},
         {"the text", {"220 x", "250 x", "235 ok", "250 ok", "250 ok", "354 go on"}},
     };
-    for (const auto& step : steps) {
-        SCOPED_TRACE(step.refused);
+    for (const auto& [refused, before] : steps) {
+        SCOPED_TRACE(refused);
         make_client();
         queue("a", "one");
-        reach(step.before);
+        reach(before);
         for (int tries = 0; tries < 3; ++tries) {
             expect({
                 {"550 no", "RSET\r\n"},

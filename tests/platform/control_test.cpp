@@ -31,44 +31,36 @@ struct CountingView : ControlView {
 };
 
 TEST_F(Controls, an_index_raises_change_only_when_it_really_changes) {
-    struct Case {
-        int from, to, after, changes;
-        const char* text;
-    };
-    const Case cases[] = {
+    const std::tuple<int, int, int, int, const char*> cases[] = {
         {0, 0, 0, 0, "Square"},  {0, 2, 2, 1, "Triangle"}, {0, 3, 0, 0, "Square"}, // beyond the list: all stays
         {0, -2, 0, 0, "Square"}, {0, -1, -1, 1, ""},       {-1, -1, -1, 0, ""},    {-1, 0, 0, 1, "Square"},
     };
-    for (const auto& c : cases) {
-        PopupMenu by_program(window, {.name = "by_program"}, waves(c.from));
-        by_program.SetListIndex(c.to);
-        EXPECT_EQ(changes_since_last(), c.changes) << c.from << " to " << c.to;
-        ComboBox by_user(window, {.name = "by_user"}, waves(c.from));
-        by_user.choose(c.to);
-        EXPECT_EQ(changes_since_last(), c.changes) << c.from << " to " << c.to;
-        EXPECT_EQ(by_program.ListIndex(), c.after);
-        EXPECT_EQ(by_user.ListIndex(), c.after);
-        EXPECT_EQ(by_program.Text(), c.text);
-        EXPECT_EQ(by_user.Text(), c.text);
+    for (const auto& [from, to, after, raised, text] : cases) {
+        PopupMenu by_program(window, {.name = "by_program"}, waves(from));
+        by_program.SetListIndex(to);
+        EXPECT_EQ(changes_since_last(), raised) << from << " to " << to;
+        ComboBox by_user(window, {.name = "by_user"}, waves(from));
+        by_user.choose(to);
+        EXPECT_EQ(changes_since_last(), raised) << from << " to " << to;
+        EXPECT_EQ(by_program.ListIndex(), after);
+        EXPECT_EQ(by_user.ListIndex(), after);
+        EXPECT_EQ(by_program.Text(), text);
+        EXPECT_EQ(by_user.Text(), text);
     }
 }
 
 TEST_F(Controls, a_typed_text_is_of_the_list_or_of_none) {
     ComboBox box(window, {.name = "box"}, waves(1));
-    struct Case {
-        const char* typed;
-        int index, changes;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, int, int> cases[] = {
         {"Sine", 1, 0},     {"Sin", -1, 1},     {"Sinus", -1, 0}, // from none to none
         {"", -1, 0},        {"triangle", 2, 1},                   // in either case
         {"Triangle", 2, 0}, {"Square", 0, 1},
     };
-    for (const auto& c : cases) {
-        box.edit(c.typed);
-        EXPECT_EQ(box.ListIndex(), c.index) << c.typed;
-        EXPECT_EQ(box.Text(), c.typed);
-        EXPECT_EQ(changes_since_last(), c.changes) << c.typed;
+    for (const auto& [typed, index, raised] : cases) {
+        box.edit(typed);
+        EXPECT_EQ(box.ListIndex(), index) << typed;
+        EXPECT_EQ(box.Text(), typed);
+        EXPECT_EQ(changes_since_last(), raised) << typed;
     }
     box.SetText("Sawtooth");
     box.SetListIndex(-1); // from a typed text to none at all
@@ -119,29 +111,24 @@ TEST_F(Controls, a_fault_of_a_handler_goes_to_whoever_set_the_value) {
 }
 
 TEST_F(Controls, a_field_knows_one_line_end_or_none) {
-    struct Case {
-        const char* text;
-        const char* multiline;
-        const char* single_line;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"a\nb", "a\rb", "ab"},
         {"a\r\nb", "a\rb", "ab"},
         {"a\rb\r", "a\rb\r", "ab"},
         {"a\r\n\nb", "a\r\rb", "ab"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [text, multiline, single_line] : cases) {
         EditField many(window, {.name = "many"}, {.multiline = true});
-        EditField one(window, {.name = "one"}, {.text = c.text});
-        EXPECT_EQ(one.Text(), c.single_line);
+        EditField one(window, {.name = "one"}, {.text = text});
+        EXPECT_EQ(one.Text(), single_line);
         one.SetText("");
-        many.edit(c.text);
-        one.edit(c.text);
-        EXPECT_EQ(many.Text(), c.multiline);
-        EXPECT_EQ(one.Text(), c.single_line);
+        many.edit(text);
+        one.edit(text);
+        EXPECT_EQ(many.Text(), multiline);
+        EXPECT_EQ(one.Text(), single_line);
         one.SetText("");
-        one.SetText(c.text);
-        EXPECT_EQ(one.Text(), c.single_line);
+        one.SetText(text);
+        EXPECT_EQ(one.Text(), single_line);
     }
     EditField many(window, {.name = "many"}, {.text = "a", .multiline = true});
     EditField one(window, {.name = "one"}, {.text = "a"});

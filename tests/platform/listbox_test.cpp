@@ -91,17 +91,14 @@ TEST_F(Table, headings_come_all_at_once) {
 }
 
 TEST_F(Table, a_row_is_found_by_y_alone) {
-    struct Case {
-        int scrolled_to, y, row;
-    };
-    const Case cases[] = {
+    const std::tuple<int, int, int> cases[] = {
         {0, -1, -1},  {0, 0, -1}, // the heading
         {0, 19, -1},  {0, 20, 0}, {0, 39, 0}, {0, 40, 1},  {0, 99, 3},
         {0, 100, -1}, {2, 20, 2}, {2, 59, 3}, {2, 60, -1}, {9, 20, 3}, // no further than the last row
     };
-    for (const auto& c : cases) {
-        table.SetScrollPosition(c.scrolled_to);
-        EXPECT_EQ(table.RowFromXY(-1000, c.y), c.row) << c.scrolled_to << " " << c.y;
+    for (const auto& [scrolled_to, y, row] : cases) {
+        table.SetScrollPosition(scrolled_to);
+        EXPECT_EQ(table.RowFromXY(-1000, y), row) << scrolled_to << " " << y;
     }
     Listbox bare(window, {.name = "bare"}, {.has_heading = false});
     EXPECT_EQ(bare.RowFromXY(0, 0), -1);

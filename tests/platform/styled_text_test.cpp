@@ -48,12 +48,7 @@ TEST(StyledText, keeps_styles_within_the_text_and_forgets_plain_ones) {
 }
 
 TEST(StyledText, styles_follow_an_edit) {
-    struct Case {
-        StyledText before;
-        const char* after;
-        const char* marked;
-    };
-    const Case cases[] = {
+    const std::tuple<StyledText, const char*, const char*> cases[] = {
         {bold_in("abcd", 1, 2), "abcXd", "a[bcX]d"}, // from the left neighbour
         {bold_in("abcd", 1, 2), "aXbcd", "aX[bc]d"},
         {bold_in("abcd", 0, 2), "Xabcd", "[Xab]cd"}, // at the beginning from what follows
@@ -64,11 +59,11 @@ TEST(StyledText, styles_follow_an_edit) {
         {bold_in("é中", 1, 1), "é中文", "é[中文]"},
         {bold_in("abcd", 0, 4), "", ""},
     };
-    for (const Case& c : cases) {
-        StyledText text = c.before;
-        text.change_to(c.after);
-        EXPECT_EQ(marked(text), c.marked) << c.after;
-        EXPECT_EQ(text.Text(), c.after);
+    for (const auto& [before, after, expected] : cases) {
+        StyledText text = before;
+        text.change_to(after);
+        EXPECT_EQ(marked(text), expected) << after;
+        EXPECT_EQ(text.Text(), after);
     }
 }
 

@@ -14,12 +14,7 @@ namespace {
 using Texts = Array<std::string>;
 
 TEST(Text, a_split_gives_every_piece_and_none_of_the_empty_text) {
-    struct Case {
-        const char* text;
-        const char* separator;
-        Texts pieces;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, Texts> cases[] = {
         {"", ";", {}},
         {";", ";", {"", ""}},
         {"a", ";", {"a"}},
@@ -29,9 +24,9 @@ TEST(Text, a_split_gives_every_piece_and_none_of_the_empty_text) {
         {"a,, b, c,", ", ", {"a,", "b", "c,"}},
         {"\r\n", ";", {"\r\n"}},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Split(c.text, c.separator), c.pieces) << c.text;
-        EXPECT_EQ(CountFields(c.text, c.separator), c.pieces.count()) << c.text;
+    for (const auto& [text, separator, pieces] : cases) {
+        EXPECT_EQ(Split(text, separator), pieces) << text;
+        EXPECT_EQ(CountFields(text, separator), pieces.count()) << text;
     }
 }
 
@@ -44,11 +39,7 @@ RC_GTEST_PROP(Text, pieces_joined_again_are_the_text, (const std::string& text))
 }
 
 TEST(Text, every_line_end_becomes_a_carriage_return) {
-    struct Case {
-        const char* text;
-        const char* result;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"", ""},
         {"a\rb", "a\rb"},
         {"a\nb\n", "a\rb\r"},
@@ -57,17 +48,14 @@ TEST(Text, every_line_end_becomes_a_carriage_return) {
         {"a\r\r\nb", "a\r\rb"},
         {"a\n\rb", "a\r\rb"},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(with_carriage_returns(c.text), c.result);
+    for (const auto& [text, result] : cases) {
+        EXPECT_EQ(with_carriage_returns(text), result);
     }
 }
 
 TEST(Text, numeric_is_digits_with_one_mark_at_most) {
-    struct Case {
-        const char* text;
-        bool point, comma; // with the decimal point, with the decimal comma
-    };
-    const Case cases[] = {
+    // with the decimal point, with the decimal comma
+    const std::tuple<const char*, bool, bool> cases[] = {
         {"7", true, true},       {"007.83", true, true},     {"7,83", false, true},
         {".5", true, true},      {"5.", true, true},         {",5", false, true},
         {"  7.8 ", true, true},  {"7 8", false, false},      {"7.8.3", false, false},
@@ -76,18 +64,14 @@ TEST(Text, numeric_is_digits_with_one_mark_at_most) {
         {"+7", false, false},    {"1e3", false, false},      {"7\r", false, false},
         {"0x10", false, false},  {"\xC2\xB2", false, false}, // a superscript two
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(IsNumeric(c.text, DecimalMark::point), c.point) << c.text;
-        EXPECT_EQ(IsNumeric(c.text, DecimalMark::comma), c.comma) << c.text;
+    for (const auto& [text, point, comma] : cases) {
+        EXPECT_EQ(IsNumeric(text, DecimalMark::point), point) << text;
+        EXPECT_EQ(IsNumeric(text, DecimalMark::comma), comma) << text;
     }
 }
 
 TEST(Text, a_character_is_a_code_point_or_a_byte_that_belongs_to_none) {
-    struct Case {
-        const char* text;
-        Texts result;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, Texts> cases[] = {
         {"", {}},
         {"a\xC3\xA9z", {"a", "\xC3\xA9", "z"}},
         {"\xE2\x82\xAC\xF0\x9F\x8E\xB5", {"\xE2\x82\xAC", "\xF0\x9F\x8E\xB5"}},
@@ -97,9 +81,9 @@ TEST(Text, a_character_is_a_code_point_or_a_byte_that_belongs_to_none) {
         {"\xC3\x31", {"\xC3", "1"}},
         {"\xFD\xFF", {"\xFD", "\xFF"}},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(characters(c.text), c.result);
-        EXPECT_EQ(Len(c.text), c.result.count());
+    for (const auto& [text, result] : cases) {
+        EXPECT_EQ(characters(text), result);
+        EXPECT_EQ(Len(text), result.count());
     }
     EXPECT_EQ(Len(std::string_view("a\0b", 3)), 3);
 }
@@ -133,11 +117,7 @@ TEST(Text, comparison_ignores_the_case_of_ascii_letters_alone) {
 
 TEST(Text, numbers_saturate_truncate_and_wrap) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
-    struct Case {
-        double value;
-        std::int32_t result;
-    };
-    const Case cases[] = {
+    const std::pair<double, std::int32_t> cases[] = {
         {465.0 - 1e-9, 464},
         {-0.9, 0},
         {-7.9, -7},
@@ -148,8 +128,8 @@ TEST(Text, numbers_saturate_truncate_and_wrap) {
         {-infinity, -2147483647 - 1},
         {std::nan(""), 0},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(truncate(c.value), c.result) << c.value;
+    for (const auto& [value, result] : cases) {
+        EXPECT_EQ(truncate(value), result) << value;
     }
     EXPECT_EQ(wrap32(2147483648LL), -2147483647 - 1);
     EXPECT_EQ(low_byte(-1), 255);

@@ -7,8 +7,6 @@
 #include "support/help_window.h"
 #include "support/program.h"
 
-#include <gtest/gtest.h>
-
 namespace tessit::testing {
 namespace {
 

@@ -3,8 +3,6 @@
 #include "device/read_window.h"
 #include "support/program.h"
 
-#include <gtest/gtest.h>
-
 namespace tessit::testing {
 namespace {
 
@@ -67,7 +65,7 @@ TEST_F(RowCommandsTest, delete_in_seconds_form_ends_in_a_fault_with_the_row_remo
     window().format_box.choose(0);
     enter_levels(3);
     table().choose(2);
-    program.desktop.expect_fault("_EditDeleteRow_Action");
+    desktop.expect_fault("_EditDeleteRow_Action");
     app.choose_menu("EditDeleteRow");
     EXPECT_EQ(levels(), "1:10 2:30");
     EXPECT_EQ(window().BankTimeField.Text(), "");
@@ -98,9 +96,9 @@ TEST_F(RowCommandsTest, a_level_without_its_row_is_told_the_way_out) {
         table().choose(2);
         app.choose_menu("EditDeleteRow");
     }
-    program.desktop.expect_fault("editwindow.FreqField_KeyDown");
+    desktop.expect_fault("editwindow.FreqField_KeyDown");
     program.enter("15");
-    EXPECT_NE(program.desktop.faults.back().what.find("choose Insert Row again"), std::string::npos);
+    EXPECT_NE(desktop.faults.back().what.find("choose Insert Row again"), std::string::npos);
     table().choose(1);
     app.choose_menu("EditInsertRow");
     window().enterbutton.click();
@@ -109,9 +107,9 @@ TEST_F(RowCommandsTest, a_level_without_its_row_is_told_the_way_out) {
     table().double_click(2);
     table().choose(2);
     app.choose_menu("EditDeleteRow");
-    program.desktop.expect_fault("editwindow.submitchange_Action");
+    desktop.expect_fault("editwindow.submitchange_Action");
     window().submitchange.click();
-    EXPECT_NE(program.desktop.faults.back().what.find("Press \"Cancel Change\""), std::string::npos);
+    EXPECT_NE(desktop.faults.back().what.find("Press \"Cancel Change\""), std::string::npos);
 }
 
 TEST_F(RowCommandsTest, insert_without_a_level_selected_selects_the_row_worked_on_before) {
@@ -128,13 +126,13 @@ TEST_F(RowCommandsTest, the_fiftieth_row_can_be_inserted_and_then_not_be_filled)
     table().choose(7);
     app.choose_menu("EditInsertRow");
     EXPECT_EQ(program.levels(), 50);
-    program.desktop.expect_message("maximum 50 levels has been exceeded");
+    desktop.expect_message("maximum 50 levels has been exceeded");
     program.enter("15");
     EXPECT_EQ(program.cell(7, column::base), "");
 
     app.insert = false;
     table().choose(9);
-    program.desktop.expect_message("All 50 levels are full");
+    desktop.expect_message("All 50 levels are full");
     app.choose_menu("EditInsertRow");
     EXPECT_EQ(app.row, 9);
     EXPECT_FALSE(app.insert);
@@ -144,7 +142,7 @@ TEST_F(RowCommandsTest, the_fiftieth_row_can_be_inserted_and_then_not_be_filled)
 TEST_F(RowCommandsTest, insert_goes_by_the_last_document_window_in_the_list) {
     enter_levels(2);
     table().choose(1);
-    program.desktop.expect_message("No Serial Port Selected");
+    desktop.expect_message("No Serial Port Selected");
     app.choose_menu("ZephonReadZephon"); // in front of the editor, which stays last
     EXPECT_EQ(app.myactivewindow, document::reader);
     app._EditInsertRow_Action();

@@ -4,8 +4,6 @@
 #include "device/settings_window.h"
 #include "support/program.h"
 
-#include <gtest/gtest.h>
-
 namespace tessit::testing {
 namespace {
 
@@ -15,9 +13,9 @@ const std::string headings = "Level\tWaveform\tBase\tWidth\t# Freqs.\tTime each\
 class ExportTest : public EditorTest {
 protected:
     std::string exported() {
-        program.desktop.choose_file(program.desktop.folder / "table.tab");
+        desktop.choose_file(desktop.folder / "table.tab");
         app.choose_menu("FileExport");
-        return file_bytes(program.desktop.folder / "table.tab");
+        return file_bytes(desktop.folder / "table.tab");
     }
 };
 
@@ -46,17 +44,17 @@ TEST_F(ExportTest, behind_an_insertion_the_rows_below_it_are_missing) {
 TEST_F(ExportTest, another_window_in_front_exports_the_headings_alone) {
     program.enter("10");
     app.myactivewindow = document::reader;
-    program.desktop.choose_file(program.desktop.folder / "table.tab");
+    desktop.choose_file(desktop.folder / "table.tab");
     app._FileExport_Action();
-    EXPECT_EQ(file_bytes(program.desktop.folder / "table.tab"), headings + "\n");
+    EXPECT_EQ(file_bytes(desktop.folder / "table.tab"), headings + "\n");
 }
 
 TEST_F(ExportTest, the_proposed_name_is_the_protocols_and_a_dismissed_dialog_writes_nothing) {
     app.filename = "night";
-    program.desktop.dismiss_file_dialog();
+    desktop.dismiss_file_dialog();
     app.choose_menu("FileExport");
-    EXPECT_EQ(program.desktop.file_requests.back().default_name, "night.tab");
-    EXPECT_EQ(program.desktop.file_requests.back().type.Extensions, ".tab");
+    EXPECT_EQ(desktop.file_requests.back().default_name, "night.tab");
+    EXPECT_EQ(desktop.file_requests.back().type.Extensions, ".tab");
     EXPECT_EQ(app.filetype, ".tab");
     EXPECT_EQ(app.filename, "night");
 }

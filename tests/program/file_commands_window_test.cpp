@@ -3,8 +3,6 @@
 #include "support/full_disk.h"
 #include "support/program.h"
 
-#include <gtest/gtest.h>
-
 namespace tessit::testing {
 namespace {
 
@@ -31,12 +29,8 @@ std::string records(int count) {
 const std::string blank_record(12, '\0');
 const std::string unset_level(11, '\xff');
 
-class ProtocolFile : public ::testing::Test {
+class ProtocolFile : public ProgramTest {
 protected:
-    Program program;
-    App& app = program.app;
-    ScriptedDesktop& desktop = program.desktop;
-
     fs::path file(const std::string& name, const std::string& bytes) {
         write_file(desktop.folder / name, bytes);
         return desktop.folder / name;
@@ -230,27 +224,22 @@ TEST_F(ProtocolFile, a_protocol_is_saved_as_these_bytes_and_comes_back) {
 
 // The file that docs/file-formats.md takes apart.
 TEST_F(ProtocolFile, three_levels_are_saved_as_the_documented_dump) {
-    struct Level {
-        int wave, width;
-        const char *frequency, *time, *rate;
-        int pulse, shape, output;
-    };
-    const Level levels[] = {
+    const std::tuple<int, int, const char*, const char*, const char*, int, int, int> levels[] = {
         {0, 0, "7.83", "3:00", "1", 0, 0, 0},      // Single Frequency, ON, Square, Positive
         {3, 4, "1234.56", "0:10", "20", 1, 1, 1},  // Sweep Increasing, OFF, Sine, Negative
         {2, 9, "10000.5", "1:30", "300", 0, 2, 0}, // Spread Expanding, ON, Triangle, Positive
     };
     program.new_protocol();
     EditWindow& editor = app.editwindow.get();
-    for (const Level& level : levels) {
-        editor.wave_box.choose(level.wave);
-        editor.WidthMenu.choose(level.width);
-        editor.PulseMenu.choose(level.pulse);
-        editor.shape_box.choose(level.shape);
-        editor.output_box.choose(level.output);
-        editor.time_field.edit(level.time);
-        editor.rate_field.edit(level.rate);
-        program.enter(level.frequency);
+    for (const auto& [wave, width, frequency, time, rate, pulse, shape, output] : levels) {
+        editor.wave_box.choose(wave);
+        editor.WidthMenu.choose(width);
+        editor.PulseMenu.choose(pulse);
+        editor.shape_box.choose(shape);
+        editor.output_box.choose(output);
+        editor.time_field.edit(time);
+        editor.rate_field.edit(rate);
+        program.enter(frequency);
     }
     EXPECT_EQ(hex(program.save_as("three.zp2")), "00 1e 96 08 00 03 15 07 00 00 01 24 "
                                                  "01 e2 40 04 0a 00 4e 07 04 00 14 62 "

@@ -5,8 +5,6 @@
 #include "report/qc_window.h"
 #include "support/list_program.h"
 
-#include <gtest/gtest.h>
-
 namespace tessit::testing {
 namespace {
 
@@ -33,7 +31,6 @@ std::string text_at(const Page& page, int x, int y) {
 
 class PageSetupTest : public EditorTest {
 protected:
-    ScriptedDesktop& desktop = program.desktop;
     PageSetupWindow& setup() { return app.pgsetupwindow.get(); }
     const Page& last_page() { return desktop.pages.back(); }
 
@@ -89,24 +86,19 @@ TEST_F(PageSetupTest, a_dismissed_dialog_prints_nothing_and_the_footer_waits_for
 }
 
 TEST_F(PageSetupTest, sizes_are_read_as_numbers_are) {
-    struct Case {
-        const char* typed;
-        int size;
-        int printed;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, int, int> cases[] = {
         {"14", 14, 14},    {"13.5", 13, 13}, {"13,5", 135, 135},
         {"999", 999, 999}, {"0", 0, 12},     {"99999999999", 2147483647, 2147483647},
         {"large", 0, 12},  {"6", 6, 6},      {"", 0, 12},
     };
-    for (const Case& c : cases) {
-        setup().headfontBox.edit(c.typed);
-        setup().footfontBox.edit(c.typed);
-        EXPECT_EQ(app.headerfont, c.size) << c.typed;
-        EXPECT_EQ(setup().headingfield.TextSize(), c.size) << c.typed;
+    for (const auto& [typed, size, printed] : cases) {
+        setup().headfontBox.edit(typed);
+        setup().footfontBox.edit(typed);
+        EXPECT_EQ(app.headerfont, size) << typed;
+        EXPECT_EQ(setup().headingfield.TextSize(), size) << typed;
         print();
         for (const DrawBlock& block : blocks_of(last_page())) {
-            EXPECT_EQ(block.font.TextSize, c.printed) << c.typed;
+            EXPECT_EQ(block.font.TextSize, printed) << typed;
         }
     }
     setup().footfontBox.choose(10);
@@ -118,12 +110,7 @@ TEST_F(PageSetupTest, sizes_are_read_as_numbers_are) {
 TEST_F(PageSetupTest, each_style_button_serves_the_selection_of_its_own_field) {
     PageSetupWindow& w = setup();
     w.footerfield.edit("Foot");
-    struct Case {
-        BevelButton& button;
-        EditField& field;
-        TextStyle style;
-    };
-    const Case cases[] = {
+    const std::tuple<BevelButton&, EditField&, TextStyle> cases[] = {
         {w.Boldbutton1, w.headingfield, {.bold = true}},
         {w.Italicbutton1, w.headingfield, {.italic = true}},
         {w.underlinebutton1, w.headingfield, {.underline = true}},
@@ -131,15 +118,15 @@ TEST_F(PageSetupTest, each_style_button_serves_the_selection_of_its_own_field) {
         {w.Italicbutton, w.footerfield, {.italic = true}},
         {w.underlinebutton, w.footerfield, {.underline = true}},
     };
-    for (const Case& c : cases) {
-        c.field.select({.start = 1, .length = 2});
-        c.button.click();
-        EXPECT_EQ(c.field.StyledText().style_at(1), c.style) << c.button.name();
-        EXPECT_EQ(c.field.StyledText().style_at(0), TextStyle{}) << c.button.name();
+    for (const auto& [button, field, style] : cases) {
+        field.select({.start = 1, .length = 2});
+        button.click();
+        EXPECT_EQ(field.StyledText().style_at(1), style) << button.name();
+        EXPECT_EQ(field.StyledText().style_at(0), TextStyle{}) << button.name();
         print();
-        EXPECT_EQ(blocks_of(last_page())[&c.field == &w.footerfield ? 1 : 0].text, c.field.StyledText());
-        c.button.click();
-        EXPECT_FALSE(c.field.StyledText().is_styled()) << c.button.name();
+        EXPECT_EQ(blocks_of(last_page())[&field == &w.footerfield ? 1 : 0].text, field.StyledText());
+        button.click();
+        EXPECT_FALSE(field.StyledText().is_styled()) << button.name();
     }
 }
 
@@ -177,9 +164,9 @@ class ListPrintTest : public ListTest {
 protected:
     const Page& print() {
         app.choose_menu("FilePrint");
-        program.desktop.accept_printing();
+        desktop.accept_printing();
         app.pgsetupwindow->DoneButton.click();
-        return program.desktop.pages.back();
+        return desktop.pages.back();
     }
 };
 
@@ -211,11 +198,8 @@ TEST_F(ListPrintTest, a_frequency_list_prints_as_text) {
     EXPECT_EQ(blocks[2].y, 136);
 }
 
-class QcTest : public ::testing::Test {
+class QcTest : public ProgramTest {
 protected:
-    Program program;
-    App& app = program.app;
-    ScriptedDesktop& desktop = program.desktop;
     QcWindow& qc() { return app.qcsetupwindow.get(); }
 
     void SetUp() override {

@@ -41,13 +41,7 @@ namespace tessit::qt {
 namespace {
 
 TEST(ColumnWidths, EmptyPlacesShareWhatIsLeft) {
-    struct Case {
-        const char* widths;
-        std::vector<int> needed;
-        int available;
-        std::vector<int> result;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, std::vector<int>, int, std::vector<int>> cases[] = {
         {"40, , ,50 , ", {10, 10, 10, 10}, 290, {40, 100, 100, 50}},
         {"40,,50", {10, 10, 10}, 100, {40, 10, 50}},
         {"40, ,", {60, 10, 10}, 160, {60, 50, 50}},
@@ -58,8 +52,8 @@ TEST(ColumnWidths, EmptyPlacesShareWhatIsLeft) {
         {"40,50", {10, 20}, 20, {10, 20}},
         {"x,-5", {10, 10}, 60, {30, 30}},
     };
-    for (const Case& test : cases) {
-        EXPECT_EQ(column_widths(test.widths, test.needed, test.available), test.result) << test.widths;
+    for (const auto& [widths, needed, available, result] : cases) {
+        EXPECT_EQ(column_widths(widths, needed, available), result) << widths;
     }
 }
 

@@ -16,10 +16,8 @@
 namespace tessit::testing {
 namespace {
 
-class FormsTest : public ::testing::Test {
+class FormsTest : public ProgramTest {
 protected:
-    Program program;
-    App& app = program.app;
     ScriptedSockets& server = program.desktop.scripted_sockets;
 
     // Plays the server's side of one mail without authentication up to its text; that text.

@@ -65,11 +65,23 @@ struct Program {
     }
 };
 
-// A program with an empty editor in front.
-class EditorTest : public ::testing::Test {
+// The texts of controls, joined by "|".
+template <class... Controls> std::string texts(const Controls&... controls) {
+    std::string joined;
+    ((joined += "|" + controls.Text()), ...);
+    return joined.substr(1);
+}
+
+class ProgramTest : public ::testing::Test {
 protected:
     Program program;
     App& app = program.app;
+    ScriptedDesktop& desktop = program.desktop;
+};
+
+// A program with an empty editor in front.
+class EditorTest : public ProgramTest {
+protected:
     EditWindow& window() { return app.editwindow.get(); }
 
     void SetUp() override { program.new_protocol(); }
