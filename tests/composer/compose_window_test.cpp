@@ -42,25 +42,19 @@ TEST_F(ComposerTest, takes_the_list_over_from_high_to_low) {
 }
 
 TEST_F(ComposerTest, a_list_sorted_upward_stays_upward_and_an_empty_one_is_no_trouble) {
-    consolidator().freqdisplayfield.edit("100, 300, 110");
+    app.use_euro = true;
+    consolidator().freqdisplayfield.edit("100 : 300 : 105,5");
     consolidator().SortupButton.click();
     consolidator().composebutton.click();
-    EXPECT_EQ(primes(), "100.|| 110.|5|105. 300.||");
+    EXPECT_EQ(primes(), "100,|| 105,5|2|102.75, 300,||"); // a centre keeps its point
     composer().close_by_user();
-    EXPECT_FALSE(app.consolidatorWindow.exists());
-    EXPECT_TRUE(app.Window1->Visible());
+    EXPECT_TRUE(!app.consolidatorWindow.exists() && app.Window1->Visible());
 
     app.choose_menu("ConsolidatorNew");
     compose("");
     EXPECT_EQ(primes(), "");
     composer().allbutton.click();
     EXPECT_EQ(levels(), 0);
-}
-
-TEST_F(ComposerTest, texts_with_the_decimal_comma) {
-    app.use_euro = true;
-    compose("122,5 : 124,5 : 200");
-    EXPECT_EQ(primes(), "200,|| 124,5|| 122,5|1|123.5,"); // a centre keeps its point
 }
 
 TEST_F(ComposerTest, clicks_fill_the_fields_in_their_order) {
@@ -98,16 +92,13 @@ TEST_F(ComposerTest, entering_a_new_row) {
     EXPECT_EQ(composer().totalfreqfield.Text(), "11");
     EXPECT_EQ(total_time(), "1:50");
     EXPECT_EQ(background(2, prime_column::center), Color{0xC0C0C0});
-    EXPECT_FALSE(composer().allbutton.Enabled());
-    EXPECT_FALSE(composer().formatbox.Enabled());
-    EXPECT_TRUE(app.composechanged);
+    EXPECT_TRUE(!composer().allbutton.Enabled() && !composer().formatbox.Enabled() && app.composechanged);
     enter_prime(0);
     EXPECT_EQ(level(2), "2|Single Frequency|300.|1|1|3:00|3:00|ON|1|Square|70|Positive");
     EXPECT_EQ(total_time(), "4:50");
     EXPECT_EQ(composer().compose_displayBox.ListIndex(), 2);
     EXPECT_EQ(composer().freq_field.Text(), "300."); // the editor's field is cleared, not this one
-    EXPECT_TRUE(app.editwindow->Visible());
-    EXPECT_TRUE(app.in_front(composer()));
+    EXPECT_TRUE(app.editwindow->Visible() && app.in_front(composer()));
     EXPECT_EQ(app.myactivewindow, document::composer);
 }
 

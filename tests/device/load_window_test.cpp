@@ -37,6 +37,11 @@ protected:
         generator.press_receive();
     }
 
+    void quit_editor() {
+        app.editchanged = false;
+        app.choose_menu("FileQuitEditor");
+    }
+
     void choose_port() {
         app.choose_menu("SettingsSetSerialPort");
         app.settings_window->Serial_box.choose(1);
@@ -67,9 +72,7 @@ protected:
         desktop.expect_message(std::string("Ready to load: Untitled\rInto Bank: 07") + press_keys);
         desktop.expect_message(message);
         window.LoadButton.click();
-        EXPECT_FALSE(window.loadcompleted.Visible());
-        EXPECT_FALSE(app.popupwindow.exists());
-        EXPECT_TRUE(window.LoadButton.Enabled());
+        EXPECT_TRUE(!window.loadcompleted.Visible() && !app.popupwindow.exists() && window.LoadButton.Enabled());
         EXPECT_EQ(program.levels(), 2);
     }
 };
@@ -79,10 +82,7 @@ TEST_F(LoadTest, a_port_is_chosen_and_set_up) {
     EXPECT_TRUE(app.serialselected);
     EXPECT_EQ(app.portnum, 0);
     EXPECT_EQ(app.settings_window->connectField.Text(), "Serial Port:  Zephon emulator  Connected");
-    SerialSettings expected;
-    expected.RequestToSend = true;
-    EXPECT_EQ(ports.settings(), expected);
-    EXPECT_EQ(expected.Baud, 19200);
+    EXPECT_EQ(ports.settings(), (SerialSettings{.Baud = 19200, .RequestToSend = true}));
 
     desktop.expect_message("No Port Selected");
     app.settings_window->Serial_box.choose(0);
@@ -125,10 +125,8 @@ TEST_F(LoadTest, a_table_goes_to_its_bank_and_the_generator_has_nothing_to_compl
     EXPECT_TRUE(generator.violations().empty());
     LoadDirectWindow& window = app.load_direct_window.get();
     EXPECT_EQ(window.loadcompleted.Text(), "Zephon loaded in 4 seconds");
-    EXPECT_TRUE(window.loadcompleted.Visible());
-    EXPECT_FALSE(app.popupwindow.exists());
-    EXPECT_EQ(app.addresshi, 18); // the working copy is local
-    EXPECT_EQ(app.addresslo, 192);
+    EXPECT_TRUE(window.loadcompleted.Visible() && !app.popupwindow.exists());
+    EXPECT_EQ(app.addresshi * 256 + app.addresslo, 4800); // the working copy is local
 }
 
 TEST_F(LoadTest, a_composed_table_goes_out_alike_each_time_it_is_loaded) {
@@ -151,31 +149,22 @@ TEST_F(LoadTest, a_composed_table_goes_out_alike_each_time_it_is_loaded) {
     }
 }
 
-TEST_F(LoadTest, cancelling_the_question_sends_nothing) {
+TEST_F(LoadTest, what_is_cancelled_or_refused_sends_nothing) {
     load_bank_7(DialogAnswer::cancel);
+    LoadDirectWindow& window = app.load_direct_window.get();
+    const char* const cases[][3] = {
+        {"4", "1", "Invalid, Bank 41 selected\rChoose a bank 1 to 40"},
+        {"0", "0", "Invalid, Bank 00 selected"},
+        {"4", "x", "Invalid, Bank 4x selected\rChoose a bank 1 to 40"}, // counts as -1, which would make it bank 39
+        {"", "7", "Invalid, Bank 7 selected\rChoose a bank 1 to 40"},
+    };
+    for (const auto& [tens, ones, message] : cases) {
+        window.bank_bt1.edit(tens);
+        window.bank_bt0.edit(ones);
+        desktop.expect_message(message);
+        window.LoadButton.click();
+    }
     EXPECT_EQ(stored(generator, 7, 1), hex(std::string(16, '\xff')));
-    EXPECT_EQ(desktop.simulated_clock.idled(), 0);
-}
-
-TEST_F(LoadTest, banks_outside_1_to_40_are_refused) {
-    LoadDirectWindow& window = ready_to_load(41);
-    desktop.expect_message("Invalid, Bank 41 selected\rChoose a bank 1 to 40");
-    window.LoadButton.click();
-    window.bank_bt1.choose(0);
-    window.bank_bt0.choose(0);
-    desktop.expect_message("Invalid, Bank 00 selected");
-    window.LoadButton.click();
-}
-
-TEST_F(LoadTest, a_text_of_the_users_own_in_a_bank_box_is_refused_and_no_other_bank_is_loaded) {
-    LoadDirectWindow& window = ready_to_load(40);
-    window.bank_bt0.edit("x"); // counts as -1, which would make it bank 39
-    desktop.expect_message("Invalid, Bank 4x selected\rChoose a bank 1 to 40");
-    window.LoadButton.click();
-    window.bank_bt1.edit("");
-    window.bank_bt0.edit("7");
-    desktop.expect_message("Invalid, Bank 7 selected\rChoose a bank 1 to 40");
-    window.LoadButton.click();
     EXPECT_EQ(desktop.simulated_clock.idled(), 0);
 }
 
@@ -194,16 +183,20 @@ TEST_F(LoadTest, a_silent_generator_is_asked_a_thousand_times) {
 }
 
 TEST_F(LoadTest, an_answer_in_two_parts_or_a_wrong_one_is_a_miss) {
-    for (const auto mode :
-         {FailureMode::handshake_split, FailureMode::handshake_wrong_first, FailureMode::handshake_wrong_second}) {
-        load_bank_7_failing({.mode = mode}, "No Connection Found");
-        app.editchanged = false;
-        app.choose_menu("FileQuitEditor");
+    using enum FailureMode;
+    for (const auto mode : {handshake_split, handshake_wrong_first, handshake_wrong_second, address_ack_wrong,
+                            address_ack_too_late, data_ack_wrong, data_ack_too_late}) {
+        load_bank_7_failing({.mode = mode}, mode < address_ack_lost ? "No Connection Found"
+                                            : mode < data_ack_lost  ? "Bank 07\rAddress 18  192 Not Acknowledged"
+                                                                    : "Data not Accepted. Level: 1");
+        generator.press_receive();
+        quit_editor();
     }
 }
 
 TEST_F(LoadTest, late_acknowledges_and_stray_bytes_within_the_tries_do_no_harm) {
     for (const Failure& failure : {Failure{.mode = FailureMode::handshake_stale_bytes, .level = 1, .times = 1},
+                                   Failure{.mode = FailureMode::handshake_late, .level = 1, .times = 1},
                                    Failure{.mode = FailureMode::address_ack_late, .level = 2},
                                    Failure{.mode = FailureMode::data_ack_late, .level = 50},
                                    Failure{.mode = FailureMode::address_stray_bytes, .level = 9},
@@ -213,8 +206,7 @@ TEST_F(LoadTest, late_acknowledges_and_stray_bytes_within_the_tries_do_no_harm) 
         load_bank_7();
         EXPECT_TRUE(app.load_direct_window->loadcompleted.Visible()) << emulator::name(failure.mode);
         EXPECT_EQ(stored(generator, 7, 1), "00 1e 96 08 00 03 15 07 00 00 01 24 ff ff ff ff");
-        app.editchanged = false;
-        app.choose_menu("FileQuitEditor");
+        quit_editor();
         app.load_direct_window->loadcompleted.SetVisible(false);
     }
 }
@@ -242,9 +234,12 @@ TEST_F(LoadTest, a_lost_acknowledge_ends_the_load_at_every_level) {
             fresh.set_failure({.mode = mode, .level = failing});
             ASSERT_TRUE(line.Open());
             const bool address = mode == FailureMode::address_ack_lost;
+            const Microseconds before = desktop.simulated_clock.idled();
             desktop.expect_message(address ? "Bank 07\rAddress 18  192 Not Acknowledged"
                                            : "Data not Accepted. Level: " + std::to_string(failing));
             app.sendzephon();
+            EXPECT_EQ(desktop.simulated_clock.idled() - before,
+                      10'000 + (failing - 1) * 95'000 + (address ? 10'000 : 95'000) + 101 * 1'000);
             line.Close();
             const int last = address ? failing - 1 : failing; // levels already sent stay in the generator
             for (int level = 1; level <= 50; ++level) {
@@ -265,8 +260,7 @@ TEST_F(LoadTest, a_hang_up_at_any_step_is_told_and_the_port_can_be_chosen_again)
         generator.press_receive();
         load_bank_7_failing({.mode = mode, .level = 3, .times = 1}, message);
         EXPECT_TRUE(generator.hung_up()) << emulator::name(mode);
-        app.editchanged = false;
-        app.choose_menu("FileQuitEditor");
+        quit_editor();
         desktop.expect_message("No Port Selected");
         app.choose_menu("SettingsSetSerialPort");
         app.settings_window->Serial_box.choose(0);
@@ -274,8 +268,7 @@ TEST_F(LoadTest, a_hang_up_at_any_step_is_told_and_the_port_can_be_chosen_again)
         generator.press_receive();
         load_bank_7();
         EXPECT_TRUE(app.load_direct_window->loadcompleted.Visible());
-        app.editchanged = false;
-        app.choose_menu("FileQuitEditor");
+        quit_editor();
     }
 }
 
@@ -302,15 +295,13 @@ TEST_F(LoadTest, a_file_goes_to_its_bank_without_an_editor) {
     EXPECT_EQ(window.zephonloadcomplete.Text(), "Zephon loaded in 4 seconds");
     EXPECT_TRUE(window.zephonloadcomplete.Visible());
     EXPECT_EQ(stored(generator, 40, 1), "00 1e 96 08 00 03 15 07 00 00 01 24 ff ff ff ff");
-    EXPECT_TRUE(generator.violations().empty());
-    EXPECT_FALSE(app.editwindow.exists());
+    EXPECT_TRUE(generator.violations().empty() && !app.editwindow.exists());
 }
 
 TEST_F(LoadTest, loading_a_file_without_a_port_closes_its_window_again) {
     desktop.expect_message("No Serial Port Selected");
     app.choose_menu("ZephonLoadFromFile");
-    EXPECT_FALSE(app.loadzephonWindow.exists());
-    EXPECT_TRUE(app.Window1->Visible());
+    EXPECT_TRUE(!app.loadzephonWindow.exists() && app.Window1->Visible());
 }
 
 TEST_F(LoadTest, a_dismissed_file_dialog_leaves_an_empty_image_to_load) {
@@ -319,8 +310,7 @@ TEST_F(LoadTest, a_dismissed_file_dialog_leaves_an_empty_image_to_load) {
     app.choose_menu("ZephonLoadFromFile");
     desktop.dismiss_file_dialog();
     app.loadzephonWindow->cb1.click();
-    EXPECT_FALSE(app.loadzephonWindow->cb1.Visible());
-    EXPECT_TRUE(app.loadzephonWindow->bankbox1.Enabled());
+    EXPECT_TRUE(!app.loadzephonWindow->cb1.Visible() && app.loadzephonWindow->bankbox1.Enabled());
     EXPECT_EQ(app.bytes(1), unset_level);
 }
 

@@ -11,14 +11,11 @@ using EditWindowTest = EditorTest;
 
 TEST_F(EditWindowTest, opens_with_the_defaults_and_an_empty_row) {
     EXPECT_EQ(program.levels(), 0);
-    EXPECT_EQ(window().namefield.Text(), "Untitled");
-    EXPECT_EQ(window().level_field.Text(), "1");
-    EXPECT_EQ(window().format_box.Text(), "MM:SS");
-    EXPECT_EQ(window().time_field.Text(), "3:00");
+    EXPECT_EQ(texts(window().namefield, window().level_field, window().format_box, window().time_field),
+              "Untitled|1|MM:SS|3:00");
     EXPECT_EQ(window().WidthMenu.Text(), "9");
     EXPECT_FALSE(window().WidthMenu.Enabled());
-    EXPECT_EQ(window().DutyMenu.Text(), "70");
-    EXPECT_EQ(window().BankFreqField.Text(), "");
+    EXPECT_EQ(texts(window().DutyMenu, window().BankFreqField), "70|");
     EXPECT_EQ(window().focus_control(), &window().FreqField);
     EXPECT_EQ(app.myactivewindow, document::editor);
     EXPECT_EQ(app.cwidth.count(), 13);
@@ -73,8 +70,7 @@ TEST_F(EditWindowTest, decimal_mark_rewrites_the_base_column_alone) {
     program.enter("7.83");
     program.enter("50");
     window().isoDecimal.click();
-    EXPECT_TRUE(app.use_euro);
-    EXPECT_FALSE(window().naDecimal.Value());
+    EXPECT_TRUE(app.use_euro && !window().naDecimal.Value());
     EXPECT_EQ(program.cell(1, column::base), "7,83");
     EXPECT_EQ(program.cell(2, column::base), "50");
     program.enter("1,5"); // a user of the comma can type it
@@ -100,16 +96,12 @@ TEST_F(EditWindowTest, double_click_loads_a_row_back) {
     EXPECT_EQ(app.row, 1);
     EXPECT_EQ(window().wave_box.Text(), "Sweep Increasing");
     EXPECT_EQ(window().WidthMenu.Text(), "4"); // not the 5 frequencies: the width column corrects it
-    EXPECT_EQ(window().FreqField.Text(), "12.5");
-    EXPECT_EQ(window().time_field.Text(), ":10");
-    EXPECT_EQ(window().shape_box.Text(), "Square");
+    EXPECT_EQ(texts(window().FreqField, window().time_field, window().shape_box), "12.5|:10|Square");
     EXPECT_TRUE(window().submitchange.Visible());
 
     window().edit_displayBox.double_click(2);
-    EXPECT_EQ(window().shape_box.Text(), "Triangle");
-    EXPECT_EQ(window().output_box.Text(), "Offset");
-    EXPECT_EQ(window().PulseMenu.Text(), "OFF");
-    EXPECT_EQ(window().WidthMenu.Text(), "1");
+    EXPECT_EQ(texts(window().shape_box, window().output_box, window().PulseMenu, window().WidthMenu),
+              "Triangle|Offset|OFF|1");
 
     window().edit_displayBox.double_click(17); // no row there
     EXPECT_EQ(app.row, 2);
@@ -144,8 +136,7 @@ TEST_F(EditWindowTest, duty_of_a_row_with_percent_is_not_taken_back) {
 
 TEST_F(EditWindowTest, empty_row_0_can_be_changed_and_no_total_reads_it) {
     window().edit_displayBox.double_click(0);
-    EXPECT_EQ(window().changelvlfield.Text(), "Change Level:  ");
-    EXPECT_EQ(window().FreqField.Text(), "");
+    EXPECT_EQ(texts(window().changelvlfield, window().FreqField), "Change Level:  |");
     window().FreqField.type("9");
     window().submitchange.click();
     EXPECT_EQ(program.cell(0, column::base), "9");
@@ -156,9 +147,7 @@ TEST_F(EditWindowTest, cancel_leaves_submit_visible_and_submit_then_appends) {
     program.enter("7.83");
     window().edit_displayBox.double_click(1);
     window().cancelbutton.click();
-    EXPECT_FALSE(app.changelevel);
-    EXPECT_FALSE(window().cancelbutton.Visible());
-    EXPECT_TRUE(window().submitchange.Visible());
+    EXPECT_TRUE(!app.changelevel && !window().cancelbutton.Visible() && window().submitchange.Visible());
     window().submitchange.click();
     EXPECT_EQ(program.levels(), 2);
     EXPECT_EQ(program.cell(2, column::base), "7.83");

@@ -54,13 +54,8 @@ TEST(LevelEntry, last_row_decides_the_form_of_the_bank_time) {
 }
 
 TEST(LevelEntry, return_enter_and_the_letter_l_enter) {
-    EXPECT_TRUE(is_enter_key("\r"));
-    EXPECT_TRUE(is_enter_key("\x03"));
-    EXPECT_TRUE(is_enter_key("L"));
-    EXPECT_TRUE(is_enter_key("l"));
-    EXPECT_FALSE(is_enter_key("\n"));
-    EXPECT_FALSE(is_enter_key("k"));
-    EXPECT_FALSE(is_enter_key(""));
+    EXPECT_TRUE(is_enter_key("\r") && is_enter_key("\x03") && is_enter_key("L") && is_enter_key("l"));
+    EXPECT_FALSE(is_enter_key("\n") || is_enter_key("k") || is_enter_key(""));
 }
 
 } // namespace

@@ -53,8 +53,6 @@ TEST(Console, PaceLatencyAndFailures_ActOnTheSending) {
     execute(generator, "pace off");
     execute(generator, "latency 0");
     EXPECT_EQ(generator.take(3 * 521).size(), 1u);
-    generator.receive(6, 5'000);
-    EXPECT_EQ(generator.take(5'000), (std::vector<Byte>{18, 192}));
 }
 
 TEST(Console, Waits_TellThoseOfTheLastReadingToo) {

@@ -146,15 +146,6 @@ TEST(Sending, EachBreach_IsRemembered) {
                   Then::goes_on);
 }
 
-TEST_F(SendingTest, WrongSecondByteOfTheAnswer_CallsGoOn) {
-    generator.press_send(7);
-    after(0);
-    at(1'000, 170);
-    at(5'000, 7);
-    EXPECT_EQ(after(50'000), Bytes{'V'});
-    answer();
-}
-
 TEST_F(SendingTest, KeysOfALoad_EndTheSendingAndTheOtherWayRound) {
     generator.press_send(7);
     after(0);

@@ -9,10 +9,6 @@
 namespace tessit::testing {
 namespace {
 
-constexpr const char* factory_settings =
-    "serial port,15;dutycycle,7;output,0;pulse,0;shape,0;wave,0;width,9;rate,1;sf_time_ms,3:00;sf_time_s,180;"
-    "wp_time_ms,:10;wp_time_s,10;timeformat,1;use_euro,False;";
-
 class PreferencesTest : public ProgramTest {
 protected:
     PreferencesWindow& window() { return app.SetPreferencesWindow.get(); }
@@ -35,14 +31,12 @@ TEST(TimeDefault, one_text_makes_the_other) {
 }
 
 TEST_F(PreferencesTest, set_without_a_change_saves_the_factory_line) {
-    EXPECT_EQ(window().sftimefield.Text(), "3:00");
-    EXPECT_EQ(window().wptimefield.Text(), ":10");
-    EXPECT_EQ(window().defaultdutybox.Text(), "70");
-    EXPECT_EQ(window().defaultwidthbox.Text(), "9");
+    EXPECT_EQ(texts(window().sftimefield, window().wptimefield, window().defaultdutybox, window().defaultwidthbox),
+              "3:00|:10|70|9");
     EXPECT_TRUE(window().naDecimal.Value());
     window().setbutton.click();
     EXPECT_FALSE(app.SetPreferencesWindow.exists());
-    EXPECT_EQ(saved(), std::string(factory_settings) + "\n");
+    EXPECT_EQ(saved(), default_settings);
 }
 
 TEST_F(PreferencesTest, every_control_is_stored_and_comes_back_in_the_next_run) {
@@ -65,15 +59,11 @@ TEST_F(PreferencesTest, every_control_is_stored_and_comes_back_in_the_next_run) 
     EXPECT_EQ(settings_text(next.app), text.substr(0, text.size() - 1));
     next.new_protocol();
     EditWindow& editor = next.app.editwindow.get();
-    EXPECT_EQ(editor.wave_box.Text(), "Sweep Increasing");
-    EXPECT_EQ(editor.WidthMenu.Text(), "4");
-    EXPECT_EQ(editor.time_field.Text(), "0:20");
-    EXPECT_EQ(editor.rate_field.Text(), "250");
+    EXPECT_EQ(texts(editor.wave_box, editor.WidthMenu, editor.time_field, editor.rate_field),
+              "Sweep Increasing|4|0:20|250");
     EXPECT_TRUE(editor.isoDecimal.Value());
     EXPECT_EQ(editor.DutyMenu.Text(), "70"); // these four do not reach the editor
-    EXPECT_EQ(editor.PulseMenu.Text(), "ON");
-    EXPECT_EQ(editor.shape_box.Text(), "Square");
-    EXPECT_EQ(editor.output_box.Text(), "Positive");
+    EXPECT_EQ(texts(editor.PulseMenu, editor.shape_box, editor.output_box), "ON|Square|Positive");
 }
 
 TEST_F(PreferencesTest, the_time_format_brings_the_stored_texts_and_seconds_grow_the_minutes_text) {
@@ -89,8 +79,7 @@ TEST_F(PreferencesTest, the_time_format_brings_the_stored_texts_and_seconds_grow
     window().setbutton.click();
     EXPECT_EQ(app.default_sf_time_ms, "3:002:302:30"); // and again at each setting
     program.new_protocol();
-    EXPECT_EQ(app.editwindow->time_field.Text(), "150");
-    EXPECT_EQ(app.editwindow->format_box.Text(), "Seconds");
+    EXPECT_EQ(texts(app.editwindow->time_field, app.editwindow->format_box), "150|Seconds");
 }
 
 TEST_F(PreferencesTest, cancel_keeps_everything_but_the_decimal_mark) {

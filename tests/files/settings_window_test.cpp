@@ -12,10 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* default_line = "serial port,15;dutycycle,7;output,0;pulse,0;shape,0;wave,0;width,9;rate,1;"
-                                     "sf_time_ms,3:00;sf_time_s,180;wp_time_ms,:10;wp_time_s,10;timeformat,1;"
-                                     "use_euro,False;\n";
-
 struct TwoPorts : SerialPorts {
     std::vector<SerialPort> list() override {
         return {{.Name = "ttyS0", .device = "/dev/ttyS0"}, {.Name = "ttyUSB0", .device = "/dev/ttyUSB0"}};
@@ -112,8 +108,7 @@ TEST_F(Settings, a_program_folder_that_takes_no_file_is_a_fault_and_the_program_
 TEST_F(Settings, a_saved_port_is_chosen_and_not_opened) {
     desktop.connect(ports);
     start_with("serial port,1;rate,3;\n");
-    EXPECT_TRUE(app->serialselected);
-    EXPECT_FALSE(app->Window1->serial_port.is_open());
+    EXPECT_TRUE(app->serialselected && !app->Window1->serial_port.is_open());
     EXPECT_EQ(app->Window1->serial_port.SerialPort(), ports.list()[1]);
     EXPECT_EQ(app->settings_window->connectField.Text(), "Serial Port:  ttyUSB0  Connected");
     const std::string& shown = app->load_direct_window->connectField.Text();
@@ -134,7 +129,7 @@ TEST_F(Settings, saving_writes_the_one_line_and_closes_the_window_it_came_from) 
     start_with(quiet_settings);
     app->choose_menu("SettingsSetSerialPort");
     app->choose_menu("SettingsSaveSettings");
-    EXPECT_EQ(file_bytes(file), default_line);
+    EXPECT_EQ(file_bytes(file), default_settings);
     EXPECT_FALSE(app->settings_window->Visible());
     EXPECT_EQ(app->settings_window->outputfield.Text(), "serial port,15");
     app->default_rate = "2,5"; // a decimal comma
@@ -154,20 +149,20 @@ TEST_F(Settings, nothing_is_saved_after_an_open_dialog_was_dismissed_until_a_fil
     desktop.choose_file(desktop.folder / "a.zp2");
     app->choose_menu("FileSave");
     app->savesettings();
-    EXPECT_EQ(file_bytes(file), default_line);
+    EXPECT_EQ(file_bytes(file), default_settings);
 }
 
 TEST_F(Settings, both_ways_out_save_and_quit) {
     start_with(quiet_settings);
     app->Window1->close_by_user();
     EXPECT_TRUE(desktop.has_quit);
-    EXPECT_EQ(file_bytes(file), default_line);
+    EXPECT_EQ(file_bytes(file), default_settings);
 
     desktop.has_quit = false;
     start_with(quiet_settings);
     app->choose_menu("FileExitProgram");
     EXPECT_TRUE(desktop.has_quit);
-    EXPECT_EQ(file_bytes(file), default_line);
+    EXPECT_EQ(file_bytes(file), default_settings);
 }
 
 TEST_F(Settings, settings_that_cannot_be_written_are_told_and_the_program_quits) {

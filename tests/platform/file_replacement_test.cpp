@@ -96,8 +96,7 @@ TEST(FileReplacement, a_link_stays_a_link_and_its_target_is_replaced) {
     fs::create_symlink("elsewhere/real.zp2", folder / "link.zp2");
     fs::create_symlink("link.zp2", folder / "link to link.zp2");
     save(folder / "link to link.zp2", "new");
-    EXPECT_TRUE(fs::is_symlink(folder / "link to link.zp2"));
-    EXPECT_TRUE(fs::is_symlink(folder / "link.zp2"));
+    EXPECT_TRUE(fs::is_symlink(folder / "link to link.zp2") && fs::is_symlink(folder / "link.zp2"));
     EXPECT_FALSE(fs::is_symlink(target));
     EXPECT_EQ(file_bytes(target), "new");
     EXPECT_EQ(entries(folder / "elsewhere"), 1);
@@ -135,8 +134,7 @@ TEST(FileReplacement, a_device_is_written_in_place) {
     ASSERT_TRUE(is_device("/dev/full"));
     EXPECT_EQ(fault_of([] { save("/dev/full", "new"); }), FaultKind::write_failed);
     EXPECT_NO_THROW(save("/dev/null", "new"));
-    EXPECT_TRUE(is_device("/dev/full"));
-    EXPECT_TRUE(is_device("/dev/null"));
+    EXPECT_TRUE(is_device("/dev/full") && is_device("/dev/null"));
 }
 
 TEST(FileReplacement, a_full_disk_is_a_fault_and_leaves_the_old_file) {

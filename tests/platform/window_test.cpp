@@ -158,8 +158,7 @@ TEST_F(Windows, quitting_closes_all_others_from_the_front_and_shows_none_again) 
     app.on["second.Event_Close"] = [&] { app.main->Show(); };
     EXPECT_EQ(app.event([&] { app.Quit(); }), "second.Event_CancelClose second.Event_Close first.Event_CancelClose "
                                               "first.Event_Close panel.Event_CancelClose panel.Event_Close");
-    EXPECT_TRUE(desktop.has_quit);
-    EXPECT_TRUE(app.quitting());
+    EXPECT_TRUE(desktop.has_quit && app.quitting());
     EXPECT_EQ(app.windows(), "(main)");
 }
 
@@ -177,8 +176,7 @@ TEST_F(Windows, a_veto_or_a_fault_ends_the_quitting) {
     app.on["first.Event_CancelClose"] = [&] { fault(); };
     desktop.expect_fault("first.Event_CancelClose");
     app.event([&] { app.Quit(); });
-    EXPECT_FALSE(app.quitting());
-    EXPECT_FALSE(desktop.has_quit);
+    EXPECT_FALSE(app.quitting() || desktop.has_quit);
     EXPECT_EQ(app.windows(), "first");
 }
 

@@ -32,12 +32,10 @@ TEST_F(RowCommandsTest, delete_removes_renumbers_and_adds_up_from_the_cells) {
     table().choose(3);
     app.choose_menu("EditDeleteRow");
     EXPECT_EQ(levels(), "1:10 2:20 3:40 4:50");
-    EXPECT_EQ(window().BankFreqField.Text(), "4");
-    EXPECT_EQ(window().BankTimeField.Text(), "00:12:00");
+    EXPECT_EQ(texts(window().BankFreqField, window().BankTimeField), "4|00:12:00");
     EXPECT_EQ(table().ListIndex(), -1);
     EXPECT_EQ(window().focus_control(), &window().FreqField);
-    EXPECT_FALSE(app.editchanged);
-    EXPECT_FALSE(app.MenuBar1.item("EditDeleteRow").Enabled());
+    EXPECT_FALSE(app.editchanged || app.MenuBar1.item("EditDeleteRow").Enabled());
     app.enable_menu_items();
     EXPECT_TRUE(app.MenuBar1.item("EditDeleteRow").Enabled());
 }
@@ -57,8 +55,7 @@ TEST_F(RowCommandsTest, deleting_the_only_level_keeps_the_old_number_of_frequenc
     enter_levels(1);
     table().choose(1);
     app.choose_menu("EditDeleteRow");
-    EXPECT_EQ(window().BankFreqField.Text(), "1");
-    EXPECT_EQ(window().BankTimeField.Text(), "00:00:00");
+    EXPECT_EQ(texts(window().BankFreqField, window().BankTimeField), "1|00:00:00");
 }
 
 TEST_F(RowCommandsTest, delete_in_seconds_form_ends_in_a_fault_with_the_row_removed) {

@@ -192,8 +192,7 @@ TEST_F(ListPrintTest, a_frequency_list_prints_as_text) {
     const auto blocks = blocks_of(page);
     ASSERT_EQ(page.size(), 3U);
     ASSERT_EQ(blocks.size(), 3U);
-    EXPECT_EQ(blocks[0].text.Text(), "night");
-    EXPECT_EQ(blocks[1].text.Text(), "110, 100");
+    EXPECT_EQ(texts(blocks[0].text, blocks[1].text), "night|110, 100");
     EXPECT_EQ(blocks[1].y, 86);
     EXPECT_EQ(blocks[2].y, 136);
 }
@@ -215,13 +214,9 @@ protected:
 };
 
 TEST_F(QcTest, prompts_are_the_fields_contents_and_come_again_with_their_answers) {
-    EXPECT_TRUE(qc().Visible());
-    EXPECT_FALSE(app.pgsetupwindow.exists());
-    EXPECT_EQ(qc().serialfield.Text(), "Zephon Serial#: ");
-    EXPECT_EQ(qc().assignfield.Text(), "Assigned to: ");
-    EXPECT_EQ(qc().qcfield.Text(), "Qc'd by: ");
-    EXPECT_EQ(qc().protocolfield.Text(), "untitled");
-    EXPECT_EQ(qc().datefield.Text(), "2026-03-09");
+    EXPECT_TRUE(qc().Visible() && !app.pgsetupwindow.exists());
+    EXPECT_EQ(texts(qc().serialfield, qc().assignfield, qc().qcfield, qc().protocolfield, qc().datefield),
+              "Zephon Serial#: |Assigned to: |Qc'd by: |untitled|2026-03-09");
     EXPECT_EQ(qc().bankfield.Text(), "Bank_7");
     qc().serialfield.type("4711");
     qc().assignfield.edit("");
@@ -230,9 +225,8 @@ TEST_F(QcTest, prompts_are_the_fields_contents_and_come_again_with_their_answers
     qc().PushButton1.click();
     EXPECT_FALSE(app.qcsetupwindow.exists());
     app.choose_menu("FilePrint");
-    EXPECT_EQ(qc().serialfield.Text(), "Zephon Serial#: 4711");
-    EXPECT_EQ(qc().assignfield.Text(), "Assigned to: ");
-    EXPECT_EQ(qc().qcfield.Text(), "Qc'd by: N.N.");
+    EXPECT_EQ(texts(qc().serialfield, qc().assignfield, qc().qcfield),
+              "Zephon Serial#: 4711|Assigned to: |Qc'd by: N.N.");
 }
 
 TEST_F(QcTest, without_a_table_so_far_the_fault_says_what_to_do) {
@@ -274,8 +268,7 @@ TEST_F(QcTest, the_line_is_printed_as_it_stands_in_its_own_sizes) {
     }
     EXPECT_EQ(text_at(desktop.pages[0], 200, 99), "Total frequencies used:  3     Total time:  00:09:00");
     EXPECT_EQ(app.ReadZPWindow->bankfield.StyledText().style_at(5), (TextStyle{.size = 12, .bold = true})); // it stays
-    EXPECT_FALSE(app.qcsetupwindow.exists());
-    EXPECT_FALSE(app.pgsetupwindow.exists());
+    EXPECT_FALSE(app.qcsetupwindow.exists() || app.pgsetupwindow.exists());
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "platform/text.h"
 #include "report/page_setup_window.h"
 #include "support/full_disk.h"
+#include "support/scripted_desktop.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -41,12 +42,6 @@ QString output_of(const QString& program, const QStringList& arguments) {
     EXPECT_TRUE(process.waitForFinished()) << program.toStdString();
     EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
     return QString::fromUtf8(process.readAllStandardOutput());
-}
-
-std::string file_bytes(const QString& name) {
-    QFile file(name);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return file.readAll().toStdString();
 }
 
 std::vector<Word> words_of(const QString& file) {
@@ -173,8 +168,7 @@ TEST_F(Printing, StylesOfTheWindowAreThoseOfThePage) {
     QTest::mouseClick(&widget<QToolButton>("underlinebutton1"), Qt::LeftButton);
     EXPECT_EQ(field.textCursor().selectedText(), "Thick");
     EXPECT_EQ(field.currentCharFormat().fontWeight(), QFont::Bold);
-    EXPECT_TRUE(field.currentCharFormat().fontItalic());
-    EXPECT_TRUE(field.currentCharFormat().fontUnderline());
+    EXPECT_TRUE(field.currentCharFormat().fontItalic() && field.currentCharFormat().fontUnderline());
     setup().headfontBox.choose(10); // 20 points
     EXPECT_EQ(field.document()->defaultFont().pixelSize(), 20);
     finish_to(file());
@@ -189,7 +183,7 @@ TEST_F(Printing, StylesOfTheWindowAreThoseOfThePage) {
 TEST_F(Printing, AFullDiskIsToldAndTheOldFileStays) {
     add_level("7.83");
     print_to(file());
-    const std::string before = file_bytes(file());
+    const std::string before = testing::file_bytes(file().toStdString());
     const auto overwrite = [](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); };
     when_shown<QMessageBox>(overwrite);
     {
@@ -201,7 +195,7 @@ TEST_F(Printing, AFullDiskIsToldAndTheOldFileStays) {
     EXPECT_EQ(desktop.faults[0].handler, "pgsetupwindow.DoneButton_Action");
     EXPECT_NE(desktop.faults[0].what.find(file().toStdString()), std::string::npos);
     EXPECT_EQ(printed(), QStringList("report.pdf"));
-    EXPECT_EQ(file_bytes(file()), before);
+    EXPECT_EQ(testing::file_bytes(file().toStdString()), before);
     EXPECT_EQ(editor().edit_displayBox.ListCount(), 2);
 }
 

@@ -93,8 +93,7 @@ TEST_F(StyledField, KeysPressTheButtonsThatTheyBelongTo) {
         dialog.reject();
     });
     QTest::keyClick(&bold(), Qt::Key_Return);
-    EXPECT_TRUE(asked);
-    EXPECT_FALSE(app.pgsetupwindow->Visible());
+    EXPECT_TRUE(asked && !app.pgsetupwindow->Visible());
     app.choose_menu("FilePrint");
     QTest::keyClick(edit, Qt::Key_Escape);
     EXPECT_FALSE(app.pgsetupwindow.exists());

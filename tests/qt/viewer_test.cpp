@@ -161,8 +161,7 @@ TEST_F(Viewer, FollowsLinksInsideAndGoesBack) {
     press(Qt::Key_Right, Qt::AltModifier);
     EXPECT_NE(html().toPlainText().indexOf("second page"), -1);
     follow("manual.pdf");
-    EXPECT_TRUE(pdf().isVisible());
-    EXPECT_TRUE(pdf().hasFocus());
+    EXPECT_TRUE(pdf().isVisible() && pdf().hasFocus());
     press(Qt::Key_Left, Qt::AltModifier);
     EXPECT_TRUE(html().isVisible());
 }
@@ -196,8 +195,7 @@ TEST_F(Viewer, FindsInHtmlAroundTheEnd) {
     type("x");
     EXPECT_EQ(find<QLabel>("find_result").text(), "Not found");
     press(Qt::Key_Escape);
-    EXPECT_TRUE(html().hasFocus());
-    EXPECT_FALSE(find<QLineEdit>("find_text").isVisible());
+    EXPECT_TRUE(html().hasFocus() && !find<QLineEdit>("find_text").isVisible());
 }
 
 TEST_F(Viewer, FindsInPdfAroundTheEnd) {
