@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/folder_item.h"
 
+#include "platform/file_kind.h"
+
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -11,12 +13,16 @@ namespace tessit {
 
 namespace {
 
+[[noreturn]] void cannot_be_read(const std::filesystem::path& path, const char* reason) {
+    throw Fault(FaultKind::read_failed, "The file \"" + path.string() + "\" could not be read: " + reason + ".");
+}
+
 // A pipe without a writer would never open, and a device need have no end.
 int open_regular(const std::filesystem::path& path) {
     struct stat status {};
-    if (stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
-        errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
-        return -1;
+    const char* reason = stat(path.c_str(), &status) == 0 ? why_no_ordinary_file(status.st_mode) : nullptr;
+    if (reason != nullptr) {
+        cannot_be_read(path, reason);
     }
     return open(path.c_str(), O_RDONLY | O_CLOEXEC);
 }
@@ -37,18 +43,9 @@ template <class Container> Container content_of(const std::filesystem::path& pat
         close(descriptor);
     }
     if (count < 0) {
-        throw Fault(FaultKind::read_failed,
-                    "The file \"" + path.string() + "\" could not be read: " + std::strerror(error) + ".");
+        cannot_be_read(path, std::strerror(error));
     }
     return content;
-}
-
-template <class Stream> Ref<Stream> writer_to(const std::filesystem::path& path) {
-    auto file = FileReplacement::create(path);
-    if (file == nullptr) {
-        return Ref<Stream>::nil("The file \"" + path.string() + "\" could not be created.");
-    }
-    return std::make_unique<Stream>(std::move(file));
 }
 
 } // namespace
@@ -67,11 +64,11 @@ Ref<TextInputStream> FolderItem::OpenAsTextFile() const {
 }
 
 Ref<BinaryOutputStream> FolderItem::CreateBinaryFile(const std::string&) const {
-    return writer_to<BinaryOutputStream>(path_);
+    return std::make_unique<BinaryOutputStream>(FileReplacement::create(path_));
 }
 
 Ref<TextOutputStream> FolderItem::CreateTextFile() const {
-    return writer_to<TextOutputStream>(path_);
+    return std::make_unique<TextOutputStream>(FileReplacement::create(path_));
 }
 
 } // namespace tessit

@@ -33,7 +33,8 @@ public:
     Ref<BinaryInputStream> OpenAsBinaryFile() const;
     Ref<TextInputStream> OpenAsTextFile() const;
 
-    // Nil when the file can't be created. The type tells other systems what the file is; nothing here stores it.
+    // Never nil; raise Fault write_failed with the reason when the file can't be created. The type tells other systems
+    // what the file is; nothing here stores it.
     Ref<BinaryOutputStream> CreateBinaryFile(const std::string& type) const;
     Ref<TextOutputStream> CreateTextFile() const;
 

@@ -37,6 +37,8 @@ TEST_F(ConsolidatorTest, entries_are_added_as_typed) {
     consolidator().entryField.edit("");
     consolidator().entryField.press(keys::enter);
     EXPECT_EQ(app.numentries, 5);
+    consolidator().entryField.edit("1.5\n2.5\n"); // pasted lines
+    EXPECT_EQ(consolidator().entryField.Text(), "1.5, 2.5");
 }
 
 TEST_F(ConsolidatorTest, an_entry_behind_an_opened_list_joins_its_last_number) {

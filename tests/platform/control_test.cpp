@@ -112,10 +112,10 @@ TEST_F(Controls, a_fault_of_a_handler_goes_to_whoever_set_the_value) {
 
 TEST_F(Controls, a_field_knows_one_line_end_or_none) {
     const std::tuple<const char*, const char*, const char*> cases[] = {
-        {"a\nb", "a\rb", "ab"},
-        {"a\r\nb", "a\rb", "ab"},
-        {"a\rb\r", "a\rb\r", "ab"},
-        {"a\r\n\nb", "a\r\rb", "ab"},
+        {"a\nb", "a\rb", "a b"},
+        {"a\r\nb", "a\rb", "a b"},
+        {"\na\rb\r", "\ra\rb\r", "a b"},
+        {"a\r\n\nb", "a\r\rb", "a b"},
     };
     for (const auto& [text, multiline, single_line] : cases) {
         EditField many(window, {.name = "many"}, {.multiline = true});
@@ -142,14 +142,18 @@ TEST_F(Controls, a_field_knows_one_line_end_or_none) {
 }
 
 TEST_F(Controls, a_text_raises_change_only_when_it_differs) {
-    EditField field(window, {.name = "field"}, {.text = "a", .on_text_change = [this] { ++changes; }});
+    int edits = 0;
+    EditField field(window, {.name = "field"},
+                    {.text = "a", .on_text_change = [this] { ++changes; }, .on_edit = [&] { ++edits; }});
     field.SetText("a");
     field.edit("a\n"); // no line end comes in
     EXPECT_EQ(changes_since_last(), 0);
+    EXPECT_EQ(edits, 0);
     field.SetText("b");
     field.edit("c");
     field.type("de");
     EXPECT_EQ(changes_since_last(), 4);
+    EXPECT_EQ(edits, 3) << "the user's alone";
     EXPECT_EQ(field.Text(), "cde");
 }
 

@@ -139,6 +139,23 @@ TEST(Closing, a_window_whose_question_is_cancelled_stays_in_front) {
     }
 }
 
+TEST(Closing, a_file_that_cannot_be_made_keeps_the_window_in_front_and_the_work_unsaved) {
+    for (const Way& way : ways) {
+        SCOPED_TRACE(std::string(way.name) + " for " + way.document);
+        Desk desk;
+        std::filesystem::create_directory(desk.desktop.folder / way.document); // in the file's place
+        desk.app.*way.flag = true;
+        desk.desktop.answer = DialogAnswer::action;
+        desk.desktop.expect_fault(std::string(way.document) + ".Event_CancelClose");
+        desk.act([&] { way.command(desk.app); });
+        ASSERT_EQ(desk.desktop.faults.size(), 1U);
+        EXPECT_NE(desk.desktop.faults[0].what.find("could not be created: Is a folder."), std::string::npos);
+        EXPECT_EQ(desk.app.front_window()->name(), way.document);
+        EXPECT_TRUE(desk.app.*way.flag);
+        EXPECT_FALSE(desk.desktop.has_quit);
+    }
+}
+
 TEST(Closing, exit_asks_about_each_document_once) {
     Desk desk;
     desk.unsaved(true);
