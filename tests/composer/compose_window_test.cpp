@@ -33,7 +33,7 @@ TEST_F(ComposerTest, takes_the_list_over_from_high_to_low) {
     consolidator().nameField.edit("night");
     compose("100, 110, 117.9, 120, 300");
     EXPECT_EQ(primes(), "300.|| 120.|| 117.9|| 110.|5|115. 100.||");
-    EXPECT_EQ(texts(composer().namefield, composer().timefield, composer().dutybox), "night|3:00|70");
+    EXPECT_EQ(joined(composer().namefield, composer().timefield, composer().dutybox), "night|3:00|70");
     EXPECT_FALSE(consolidator().Visible());
     EXPECT_EQ(app.myactivewindow, document::composer);
     EXPECT_EQ(background(4, 2), Color{0xFFFFFF});
@@ -43,10 +43,10 @@ TEST_F(ComposerTest, takes_the_list_over_from_high_to_low) {
 
 TEST_F(ComposerTest, a_list_sorted_upward_stays_upward_and_an_empty_one_is_no_trouble) {
     app.use_euro = true;
-    consolidator().freqdisplayfield.edit("100 : 300 : 105,5");
+    consolidator().freqdisplayfield.edit("122,5 : 300 : 124,5");
     consolidator().SortupButton.click();
     consolidator().composebutton.click();
-    EXPECT_EQ(primes(), "100,|| 105,5|2|102.75, 300,||"); // a centre keeps its point
+    EXPECT_EQ(primes(), "122,5|| 124,5|1|123.5, 300,||"); // a centre keeps its point
     composer().close_by_user();
     EXPECT_TRUE(!app.consolidatorWindow.exists() && app.Window1->Visible());
 
@@ -62,19 +62,17 @@ TEST_F(ComposerTest, clicks_fill_the_fields_in_their_order) {
     Listbox& list = composer().freq_listBox;
     list.click_cell(2, prime_column::center);
     ComposeWindow& w = composer();
-    EXPECT_EQ(texts(w.freq_field, w.wavebox, w.widthbox, w.timefield), "105.|Spread Contracting|5|:10");
+    EXPECT_EQ(joined(w.freq_field, w.wavebox, w.widthbox, w.timefield), "105.|Spread Contracting|5|:10");
     EXPECT_TRUE(w.widthbox.Enabled());
     list.click_cell(1, prime_column::width);
-    EXPECT_EQ(app.cellcol, 1);
-    EXPECT_EQ(composer().freq_field.Text(), "105.");
+    EXPECT_EQ(joined(app.cellcol, composer().freq_field.Text()), "1|105.");
     // Back to a prime the wave's change writes the time by the default format, not by the box.
     app.default_timeformat = 0;
     list.click_cell(0, prime_column::prime);
-    EXPECT_EQ(texts(w.timefield, w.widthbox), "180|0");
+    EXPECT_EQ(joined(w.timefield, w.widthbox), "180|0");
     EXPECT_FALSE(w.widthbox.Enabled());
     list.click_cell(0, prime_column::center); // an empty cell empties the field
-    EXPECT_EQ(composer().freq_field.Text(), "");
-    EXPECT_EQ(list.ListIndex(), 0);
+    EXPECT_EQ(joined(composer().freq_field.Text(), list.ListIndex()), "|0");
 }
 
 TEST_F(ComposerTest, a_width_beyond_the_box_leaves_what_the_wave_set) {
@@ -89,14 +87,12 @@ TEST_F(ComposerTest, entering_a_new_row) {
     composer().freq_listBox.click_cell(2, prime_column::center);
     composer().enterbutton.click();
     EXPECT_EQ(level(1), "1|Spread Contracting|105.|5|11|:10|1:50|ON|1|Square|70|Positive");
-    EXPECT_EQ(composer().totalfreqfield.Text(), "11");
-    EXPECT_EQ(total_time(), "1:50");
+    EXPECT_EQ(joined(composer().totalfreqfield.Text(), total_time()), "11|1:50");
     EXPECT_EQ(background(2, prime_column::center), Color{0xC0C0C0});
     EXPECT_TRUE(!composer().allbutton.Enabled() && !composer().formatbox.Enabled() && app.composechanged);
     enter_prime(0);
     EXPECT_EQ(level(2), "2|Single Frequency|300.|1|1|3:00|3:00|ON|1|Square|70|Positive");
-    EXPECT_EQ(total_time(), "4:50");
-    EXPECT_EQ(composer().compose_displayBox.ListIndex(), 2);
+    EXPECT_EQ(joined(total_time(), composer().compose_displayBox.ListIndex()), "4:50|2");
     EXPECT_EQ(composer().freq_field.Text(), "300."); // the editor's field is cleared, not this one
     EXPECT_TRUE(app.editwindow->Visible() && app.in_front(composer()));
     EXPECT_EQ(app.myactivewindow, document::composer);
@@ -105,14 +101,15 @@ TEST_F(ComposerTest, entering_a_new_row) {
 TEST_F(ComposerTest, seconds_show_the_latest_row_alone) {
     choose_format(0);
     compose("300, 200, 100");
+    choose_format(1);
+    EXPECT_EQ(joined(app.default_timeformat, composer().timefield), "1|3:00");
     choose_format(0);
-    EXPECT_EQ(app.default_timeformat, 0);
+    EXPECT_EQ(joined(app.default_timeformat, composer().timefield), "0|180");
     for (int row = 0; row < 3; ++row) {
         enter_prime(row);
     }
     EXPECT_EQ(level(3), "3|Single Frequency|100.|1|1|180|180|ON|1|Square|70|Positive");
-    EXPECT_EQ(total_time(), "00:03:00");
-    EXPECT_EQ(composer().totalfreqfield.Text(), "3");
+    EXPECT_EQ(joined(total_time(), composer().totalfreqfield.Text()), "00:03:00|3");
     load_back(2);
     composer().timefield.edit("47");
     composer().enterbutton.click();
@@ -130,12 +127,10 @@ TEST_F(ComposerTest, a_changed_row_keeps_its_place_and_turns_a_sweep_round) {
     enter_prime(0);
     load_back(1);
     EXPECT_EQ(app.level, 1);
-    EXPECT_EQ(texts(composer().wavebox, composer().widthbox, composer().dutybox), "Sweep Decreasing|0|70");
+    EXPECT_EQ(joined(composer().wavebox, composer().widthbox, composer().dutybox), "Sweep Decreasing|0|70");
     composer().enterbutton.click();
     EXPECT_EQ(level(1), "1|Sweep Decreasing|250|0|1|:10|0:10|ON|1|Square|70|Positive");
-    EXPECT_EQ(levels(), 2);
-    EXPECT_EQ(total_time(), "3:10");
-    EXPECT_EQ(app.level, 0);
+    EXPECT_EQ(joined(levels(), total_time(), app.level), "2|3:10|0");
     composer().compose_displayBox.choose(0);
     composer().compose_displayBox.double_click(0); // the empty row: the next entry is a new one
     EXPECT_EQ(app.level, 0);
@@ -190,8 +185,7 @@ TEST_F(ComposerTest, default_all_enters_every_prime_and_stops_at_fifty) {
     composer().allbutton.click();
     EXPECT_EQ(levels(), 50);
     EXPECT_EQ(level(50), "50|Single Frequency|895590.|1|1|3:00|3:00|ON|1|Square|70|Positive");
-    EXPECT_EQ(total_time(), "02:30:00");
-    EXPECT_EQ(composer().totalfreqfield.Text(), "50");
+    EXPECT_EQ(joined(total_time(), composer().totalfreqfield.Text()), "02:30:00|50");
     EXPECT_TRUE(composer().allbutton.Enabled());
     EXPECT_EQ(background(9999, 0), Color{0xFFFFFF}); // greys nothing
 }
@@ -251,8 +245,7 @@ TEST_F(ComposerTest, closing_keeps_the_window_where_saving_fails_and_not_where_i
         desktop.expect_fault("composewindow.Event_CancelClose");
         const FullDisk full_disk;
         composer().close_by_user();
-        EXPECT_EQ(levels(), 1);
-        EXPECT_EQ(desktop.file_requests.back().default_name, "night.zp2");
+        EXPECT_EQ(joined(levels(), desktop.file_requests.back().default_name), "1|night.zp2");
     }
     desktop.dismiss_file_dialog(); // the work is lost without further word
     desktop.expect_message(question, DialogAnswer::action);

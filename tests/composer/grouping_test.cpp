@@ -44,10 +44,11 @@ TEST(Grouping, a_run_is_measured_from_its_first_member) {
 }
 
 TEST(Grouping, every_text_has_a_mark) {
-    EXPECT_EQ(prime_text(528, DecimalMark::point), "528.");
-    EXPECT_EQ(prime_text(528, DecimalMark::comma), "528,");
-    EXPECT_EQ(prime_text(7.83F, DecimalMark::point), "7.83");
-    EXPECT_EQ(prime_text(7.83F, DecimalMark::comma), "7,83");
+    const auto primes = [](float prime) {
+        return prime_text(prime, DecimalMark::point) + " " + prime_text(prime, DecimalMark::comma);
+    };
+    EXPECT_EQ(primes(528), "528. 528,");
+    EXPECT_EQ(primes(7.83F), "7.83 7,83");
     EXPECT_EQ(center_text(123.5, DecimalMark::point), "123.5");
     EXPECT_EQ(center_text(123.5, DecimalMark::comma), "123.5,"); // keeps its point
     EXPECT_EQ(center_text(7.83F + 1.0, DecimalMark::point), "8.83");

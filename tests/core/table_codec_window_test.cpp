@@ -12,10 +12,7 @@ TEST_F(TableCodecTest, reset_unsets_levels_1_to_50_and_not_index_0) {
     app.errorchk[50] = 9;
     app.row = 4;
     app.datareset();
-    EXPECT_EQ(app.fbyte2[0], 7);
-    EXPECT_EQ(app.hi_add[50], 255);
-    EXPECT_EQ(app.errorchk[50], 0);
-    EXPECT_EQ(app.row, 0);
+    EXPECT_EQ(joined(app.fbyte2[0], app.hi_add[50], app.errorchk[50], app.row), "7|255|0|0");
     EXPECT_EQ(app.bytes(50), (LevelBytes{255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 0}));
 }
 
@@ -24,13 +21,10 @@ TEST_F(TableCodecTest, rows_become_levels_under_a_progress_notice) {
     program.enter("1234.5");
     std::vector<std::string> before = desktop.shown;
     app.load_data_array();
-    EXPECT_EQ(desktop.shown.back(), "popupwindow");
-    EXPECT_EQ(app.popupwindow->statusField.Text(), "loading data registers");
-    EXPECT_EQ(app.popupwindow->ProgressBar1.Value(), 3);
+    EXPECT_EQ(joined(desktop.shown.back(), app.popupwindow->statusField.Text(), app.popupwindow->ProgressBar1.Value()),
+              "popupwindow|loading data registers|3");
     EXPECT_FALSE(app.popupwindow->Visible());
-    EXPECT_EQ(app.fbyte0[1], 150);
-    EXPECT_EQ(app.db3[2], 4);
-    EXPECT_EQ(app.fbyte0[3], 255);
+    EXPECT_EQ(joined(app.fbyte0[1], app.db3[2], app.fbyte0[3]), "150|4|255");
 }
 
 TEST_F(TableCodecTest, too_many_decimals_beep_and_leave_the_notice_up) {
@@ -92,9 +86,7 @@ TEST_F(TableCodecTest, display_appends_a_row_or_fills_the_inserted_one) {
     app.insert = true;
     window().edit_displayBox.SetCell(1, column::level, "x");
     app.displaydata(1);
-    EXPECT_EQ(program.levels(), 2);
-    EXPECT_EQ(program.cell(1, column::level), "x");
-    EXPECT_EQ(program.cell(1, column::base), "007.830");
+    EXPECT_EQ(joined(program.levels(), program.cell(1, column::level), program.cell(1, column::base)), "2|x|007.830");
     EXPECT_FALSE(app.insert);
     EXPECT_EQ(window().BankTimeField.Text(), "00:06:00");
 

@@ -173,8 +173,7 @@ TEST_F(LoadTest, closing_the_load_window_only_hides_it) {
     window.close_by_user();
     EXPECT_FALSE(window.Visible());
     EXPECT_EQ(&app.load_direct_window.get(), &window);
-    EXPECT_EQ(window.bank_bt_hi, 3);
-    EXPECT_EQ(window.bank_bt_lo, 9);
+    EXPECT_EQ(joined(window.bank_bt_hi, window.bank_bt_lo), "3|9");
 }
 
 TEST_F(LoadTest, a_silent_generator_is_asked_a_thousand_times) {

@@ -11,16 +11,14 @@ using EditWindowTest = EditorTest;
 
 TEST_F(EditWindowTest, opens_with_the_defaults_and_an_empty_row) {
     EXPECT_EQ(program.levels(), 0);
-    EXPECT_EQ(texts(window().namefield, window().level_field, window().format_box, window().time_field),
+    EXPECT_EQ(joined(window().namefield, window().level_field, window().format_box, window().time_field),
               "Untitled|1|MM:SS|3:00");
     EXPECT_EQ(window().WidthMenu.Text(), "9");
     EXPECT_FALSE(window().WidthMenu.Enabled());
-    EXPECT_EQ(texts(window().DutyMenu, window().BankFreqField), "70|");
+    EXPECT_EQ(joined(window().DutyMenu, window().BankFreqField), "70|");
     EXPECT_EQ(window().focus_control(), &window().FreqField);
     EXPECT_EQ(app.myactivewindow, document::editor);
-    EXPECT_EQ(app.cwidth.count(), 13);
-    EXPECT_EQ(app.cwidth[1], "90 ");
-    EXPECT_EQ(app.calign[11], "Left");
+    EXPECT_EQ(joined(app.cwidth.count(), app.cwidth[1], app.calign[11]), "13|90 |Left");
     EXPECT_FALSE(app.Window1->Visible());
 }
 
@@ -71,13 +69,11 @@ TEST_F(EditWindowTest, decimal_mark_rewrites_the_base_column_alone) {
     program.enter("50");
     window().isoDecimal.click();
     EXPECT_TRUE(app.use_euro && !window().naDecimal.Value());
-    EXPECT_EQ(program.cell(1, column::base), "7,83");
-    EXPECT_EQ(program.cell(2, column::base), "50");
+    EXPECT_EQ(joined(program.cell(1, column::base), program.cell(2, column::base)), "7,83|50");
     program.enter("1,5"); // a user of the comma can type it
     EXPECT_EQ(program.cell(3, column::base), "1,5");
     window().naDecimal.click();
-    EXPECT_EQ(program.cell(1, column::base), "7.83");
-    EXPECT_EQ(program.cell(3, column::base), "1.5");
+    EXPECT_EQ(joined(program.cell(1, column::base), program.cell(3, column::base)), "7.83|1.5");
 }
 
 TEST_F(EditWindowTest, double_click_loads_a_row_back) {
@@ -93,14 +89,13 @@ TEST_F(EditWindowTest, double_click_loads_a_row_back) {
     window().edit_displayBox.double_click(1);
     EXPECT_EQ(window().changelvlfield.Text(), "Change Level:  1");
     EXPECT_TRUE(app.changelevel);
-    EXPECT_EQ(app.row, 1);
-    EXPECT_EQ(window().wave_box.Text(), "Sweep Increasing");
+    EXPECT_EQ(joined(app.row, window().wave_box.Text()), "1|Sweep Increasing");
     EXPECT_EQ(window().WidthMenu.Text(), "4"); // not the 5 frequencies: the width column corrects it
-    EXPECT_EQ(texts(window().FreqField, window().time_field, window().shape_box), "12.5|:10|Square");
+    EXPECT_EQ(joined(window().FreqField, window().time_field, window().shape_box), "12.5|:10|Square");
     EXPECT_TRUE(window().submitchange.Visible());
 
     window().edit_displayBox.double_click(2);
-    EXPECT_EQ(texts(window().shape_box, window().output_box, window().PulseMenu, window().WidthMenu),
+    EXPECT_EQ(joined(window().shape_box, window().output_box, window().PulseMenu, window().WidthMenu),
               "Triangle|Offset|OFF|1");
 
     window().edit_displayBox.double_click(17); // no row there
@@ -120,8 +115,7 @@ TEST_F(EditWindowTest, sweep_of_width_zero_comes_back_with_width_one) {
     program.enter("12.5");
     window().edit_displayBox.double_click(1);
     window().submitchange.click();
-    EXPECT_EQ(program.cell(1, column::width), "1");
-    EXPECT_EQ(program.cell(1, column::frequencies), "2");
+    EXPECT_EQ(joined(program.cell(1, column::width), program.cell(1, column::frequencies)), "1|2");
 }
 
 TEST_F(EditWindowTest, duty_of_a_row_with_percent_is_not_taken_back) {
@@ -136,11 +130,10 @@ TEST_F(EditWindowTest, duty_of_a_row_with_percent_is_not_taken_back) {
 
 TEST_F(EditWindowTest, empty_row_0_can_be_changed_and_no_total_reads_it) {
     window().edit_displayBox.double_click(0);
-    EXPECT_EQ(texts(window().changelvlfield, window().FreqField), "Change Level:  |");
+    EXPECT_EQ(joined(window().changelvlfield, window().FreqField), "Change Level:  |");
     window().FreqField.type("9");
     window().submitchange.click();
-    EXPECT_EQ(program.cell(0, column::base), "9");
-    EXPECT_EQ(program.levels(), 0);
+    EXPECT_EQ(joined(program.cell(0, column::base), program.levels()), "9|0");
 }
 
 TEST_F(EditWindowTest, cancel_leaves_submit_visible_and_submit_then_appends) {
@@ -149,8 +142,7 @@ TEST_F(EditWindowTest, cancel_leaves_submit_visible_and_submit_then_appends) {
     window().cancelbutton.click();
     EXPECT_TRUE(!app.changelevel && !window().cancelbutton.Visible() && window().submitchange.Visible());
     window().submitchange.click();
-    EXPECT_EQ(program.levels(), 2);
-    EXPECT_EQ(program.cell(2, column::base), "7.83");
+    EXPECT_EQ(joined(program.levels(), program.cell(2, column::base)), "2|7.83");
 }
 
 } // namespace

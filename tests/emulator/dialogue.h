@@ -10,6 +10,7 @@
 
 namespace tessit::emulator::test {
 
+using testing::joined;
 using testing::SimulatedClock;
 using Bytes = std::vector<Byte>;
 

@@ -325,7 +325,13 @@ TEST_F(EmulatorProgram, SecondGenerator_IsListedUnderANumber) {
     first.start();
     Child second;
     EXPECT_EQ(second.start()[1], "Listed in Tessit Control as \"Zephon emulator 2\".");
-    EXPECT_EQ(announced_ports().size(), 2u);
+    Child third("--port-name Bench");
+    third.start();
+    std::string names;
+    for (const SerialPort& port : announced_ports()) {
+        names += port.Name + "|";
+    }
+    EXPECT_EQ(names, "Bench|Zephon emulator|Zephon emulator 2|");
 }
 
 TEST_F(EmulatorProgram, FolderThatOthersMayWriteTo_IsNotUsed) {

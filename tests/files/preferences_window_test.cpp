@@ -31,7 +31,7 @@ TEST(TimeDefault, one_text_makes_the_other) {
 }
 
 TEST_F(PreferencesTest, set_without_a_change_saves_the_factory_line) {
-    EXPECT_EQ(texts(window().sftimefield, window().wptimefield, window().defaultdutybox, window().defaultwidthbox),
+    EXPECT_EQ(joined(window().sftimefield, window().wptimefield, window().defaultdutybox, window().defaultwidthbox),
               "3:00|:10|70|9");
     EXPECT_TRUE(window().naDecimal.Value());
     window().setbutton.click();
@@ -59,11 +59,11 @@ TEST_F(PreferencesTest, every_control_is_stored_and_comes_back_in_the_next_run) 
     EXPECT_EQ(settings_text(next.app), text.substr(0, text.size() - 1));
     next.new_protocol();
     EditWindow& editor = next.app.editwindow.get();
-    EXPECT_EQ(texts(editor.wave_box, editor.WidthMenu, editor.time_field, editor.rate_field),
+    EXPECT_EQ(joined(editor.wave_box, editor.WidthMenu, editor.time_field, editor.rate_field),
               "Sweep Increasing|4|0:20|250");
     EXPECT_TRUE(editor.isoDecimal.Value());
     EXPECT_EQ(editor.DutyMenu.Text(), "70"); // these four do not reach the editor
-    EXPECT_EQ(texts(editor.PulseMenu, editor.shape_box, editor.output_box), "ON|Square|Positive");
+    EXPECT_EQ(joined(editor.PulseMenu, editor.shape_box, editor.output_box), "ON|Square|Positive");
 }
 
 TEST_F(PreferencesTest, the_time_format_brings_the_stored_texts_and_seconds_grow_the_minutes_text) {
@@ -73,13 +73,12 @@ TEST_F(PreferencesTest, the_time_format_brings_the_stored_texts_and_seconds_grow
     EXPECT_EQ(window().wptimefield.Text(), "10");
     window().sftimefield.edit("150");
     window().setbutton.click();
-    EXPECT_EQ(app.default_sf_time_ms, "3:002:30");
-    EXPECT_EQ(app.default_wp_time_ms, "00:10");
+    EXPECT_EQ(joined(app.default_sf_time_ms, app.default_wp_time_ms), "3:002:30|00:10");
     app.choose_menu("SettingsSetPreferences");
     window().setbutton.click();
     EXPECT_EQ(app.default_sf_time_ms, "3:002:302:30"); // and again at each setting
     program.new_protocol();
-    EXPECT_EQ(texts(app.editwindow->time_field, app.editwindow->format_box), "150|Seconds");
+    EXPECT_EQ(joined(app.editwindow->time_field, app.editwindow->format_box), "150|Seconds");
 }
 
 TEST_F(PreferencesTest, cancel_keeps_everything_but_the_decimal_mark) {

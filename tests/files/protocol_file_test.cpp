@@ -12,6 +12,7 @@ namespace tessit {
 namespace {
 
 using testing::hex;
+using testing::joined;
 
 BinaryInputStream stream_of(const std::string& bytes) {
     return BinaryInputStream({bytes.begin(), bytes.end()});
@@ -65,14 +66,9 @@ TEST(ReadRecord, takes_twelve_bytes_in_file_order) {
     EXPECT_EQ(image.fbyte2[1], 0x00);
     EXPECT_EQ(image.fbyte1[1], 0x1e);
     EXPECT_EQ(image.fbyte0[1], 0x96);
-    EXPECT_EQ(image.db3[1], 8);
-    EXPECT_EQ(image.timesec[1], 10);
-    EXPECT_EQ(image.timemin[1], 3);
+    EXPECT_EQ(joined(image.db3[1], image.timesec[1], image.timemin[1]), "8|10|3");
     EXPECT_EQ(image.db6[1], 0x1d);
-    EXPECT_EQ(image.dutycycle[1], 5);
-    EXPECT_EQ(image.wpwidth[1], 9);
-    EXPECT_EQ(image.pratehi[1], 2);
-    EXPECT_EQ(image.pratelo[1], 254);
+    EXPECT_EQ(joined(image.dutycycle[1], image.wpwidth[1], image.pratehi[1], image.pratelo[1]), "5|9|2|254");
     EXPECT_EQ(image.errorchk[1], 0x24);
     EXPECT_EQ(level_hex(image, 2), unset_level);
 }
@@ -151,8 +147,7 @@ TEST(WriteProtocol, writes_levels_1_to_50_and_the_low_byte_of_the_check) {
     image.fbyte0[0] = 7; // index 0 is no level
     image.errorchk.fill(292);
     const std::string file = written(image, UnsetMark::low_frequency_byte);
-    EXPECT_EQ(file.size(), 600U);
-    EXPECT_EQ(hex(file.substr(588)), "00 00 07 01 01 01 01 01 01 01 01 24");
+    EXPECT_EQ(joined(file.size(), hex(file.substr(588))), "600|00 00 07 01 01 01 01 01 01 01 01 24");
 }
 
 TEST(WriteProtocol, a_level_that_begins_with_253_is_written_plain_and_read_out_of_step) {

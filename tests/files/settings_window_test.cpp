@@ -45,9 +45,7 @@ TEST_F(Settings, first_start_says_so_and_leaves_one_line_and_the_next_finds_no_p
     desktop.expect_message("No configuration file found");
     start();
     EXPECT_EQ(file_bytes(file), "serial port,X,filepath," + desktop.folder.path().string() + "\n");
-    EXPECT_EQ(app->portnum, 15);
-    EXPECT_EQ(app->defaultduty, 7);
-    EXPECT_EQ(app->Window1->versiontext.Text(), "Version  Beta  1.2.3");
+    EXPECT_EQ(joined(app->portnum, app->defaultduty, app->Window1->versiontext.Text()), "15|7|Version  Beta  1.2.3");
     desktop.expect_message("No Serial Port Selected");
     start();
     EXPECT_EQ(app->portnum, 0);
@@ -64,14 +62,12 @@ TEST_F(Settings, the_first_line_selects_the_first_port_where_there_is_one) {
 TEST_F(Settings, an_empty_file_counts_as_none_and_stays_empty) {
     desktop.expect_message("No configuration file found");
     start_with("");
-    EXPECT_EQ(file_bytes(file), "");
-    EXPECT_EQ(app->portnum, 15);
+    EXPECT_EQ(joined(file_bytes(file), app->portnum), "|15");
 }
 
 TEST_F(Settings, fields_come_in_any_order_and_empty_or_unknown_ones_are_skipped) {
     start_with("rate,3;;colour,blue;WAVE,4;;use_euro,True;\n");
-    EXPECT_EQ(app->default_rate, "3");
-    EXPECT_EQ(app->defaultwave, 4);
+    EXPECT_EQ(joined(app->default_rate, app->defaultwave), "3|4");
     EXPECT_TRUE(app->use_euro);
     EXPECT_EQ(app->defaultwidth, 9);
 }
@@ -122,8 +118,7 @@ TEST_F(Settings, a_port_beyond_the_list_is_told_and_kept) {
     desktop.expect_message("No Serial Port Selected");
     start_with("serial port,2;rate,3;\n");
     EXPECT_FALSE(app->serialselected);
-    EXPECT_EQ(app->portnum, 2);
-    EXPECT_EQ(app->default_rate, "3");
+    EXPECT_EQ(joined(app->portnum, app->default_rate), "2|3");
 }
 
 TEST_F(Settings, saving_writes_the_one_line_and_closes_the_window_it_came_from) {

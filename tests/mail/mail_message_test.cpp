@@ -41,7 +41,11 @@ TEST(MailDate, an_offset_is_its_hours_times_100) {
         date.GMTOffset = offset;
         EXPECT_EQ(_GetEmailDateStr(date), std::string("Mon, 3 Feb 2025 09:05:07 ") + text);
     }
-    EXPECT_GE(local_date(std::time(nullptr)).year, 2025);
+    setenv("TZ", "HOME-5:30", 1);
+    tzset();
+    EXPECT_EQ(_GetEmailDateStr(local_date(1'700'000'000)), "Wed, 15 Nov 2023 03:43:20 +0550");
+    unsetenv("TZ");
+    tzset();
 }
 
 TEST(Boundary, twelve_characters_from_both_ends_of_the_alphabet) {
@@ -55,16 +59,13 @@ TEST(Headers, names_count_the_same_in_either_case_and_repeat) {
     headers.AppendHeader("Received", "one");
     headers.AppendHeader("X-Tool", "t");
     headers.AppendHeader("received", "two");
-    EXPECT_EQ(headers.Count(), 3);
-    EXPECT_EQ(headers.NameCount("RECEIVED"), 2);
-    EXPECT_EQ(headers.Value("Received", 1), "two");
+    EXPECT_EQ(joined(headers.Count(), headers.NameCount("RECEIVED"), headers.Value("Received", 1)), "3|2|two");
     EXPECT_EQ(headers.CommaSeparatedValues("Received"), "one, two");
     EXPECT_EQ(headers.Source(), "Received: one\r\nX-Tool: t\r\nreceived: two");
     headers.SetHeader("Received", "three"); // in the place of the first
     EXPECT_EQ(headers.Source(), "Received: three\r\nX-Tool: t");
     headers.Delete("x-tool");
-    EXPECT_EQ(headers.Source(), "Received: three");
-    EXPECT_EQ(headers.Value("X-Tool"), "");
+    EXPECT_EQ(joined(headers.Source(), headers.Value("X-Tool")), "Received: three|");
     EXPECT_THROW(headers.Name(1), Fault);
 }
 
@@ -85,9 +86,8 @@ TEST(Message, addresses_lose_their_commas_and_are_joined) {
     message.AddRecipient("k@x.example");
     message.AddCCRecipient("c,@x.example");
     message.AddBCCRecipient("b@x.example");
-    EXPECT_EQ(message.ToAddress(), "Doe Jane <j@x.example>, k@x.example");
-    EXPECT_EQ(message.CCAddress(), "c@x.example");
-    EXPECT_EQ(message.BCCAddress(), "b@x.example");
+    EXPECT_EQ(joined(message.ToAddress(), message.CCAddress(), message.BCCAddress()),
+              "Doe Jane <j@x.example>, k@x.example|c@x.example|b@x.example");
 }
 
 TEST(Message, plain_text_alone) {

@@ -60,9 +60,8 @@ TEST_F(ProtocolFile, a_full_file_fills_an_empty_table_without_a_word) {
     EXPECT_EQ(program.levels(), 50);
     EXPECT_EQ(program.row(1), "1" + row_7_83);
     EXPECT_EQ(program.row(50), "50|Single Frequency|007.830||1|3:00|00:03:00|ON|50|Square|70%|Positive");
-    EXPECT_EQ(name(), "full");
-    EXPECT_EQ(app.popupwindow->ProgressBar1.Value(), 100);
-    EXPECT_EQ(app.popupwindow->statusField.Text(), "  Loading file:  full");
+    EXPECT_EQ(joined(name(), app.popupwindow->ProgressBar1.Value(), app.popupwindow->statusField.Text()),
+              "full|100|  Loading file:  full");
     EXPECT_TRUE(!app.popupwindow->Visible() && app.changed && app.editchanged);
     EXPECT_EQ(app.front_window(), &app.editwindow.get());
     EXPECT_EQ(app.filepath->path(), desktop.folder / "full.zp2");
@@ -71,8 +70,7 @@ TEST_F(ProtocolFile, a_full_file_fills_an_empty_table_without_a_word) {
 
     desktop.expect_message(too_large);
     open("one.zp2", record(99)); // a full table takes nothing more
-    EXPECT_EQ(program.levels(), 50);
-    EXPECT_EQ(rate(50), "50");
+    EXPECT_EQ(joined(program.levels(), rate(50)), "50|50");
     EXPECT_EQ(image(1), record(99));
     open("empty.zp2", ""); // has no record to drop
 }
@@ -96,9 +94,7 @@ TEST_F(ProtocolFile, a_name_is_appended_from_the_second_level_on) {
     open("b.zp2.zp2", record(2));
     EXPECT_EQ(name(), "b.zp2"); // the first ending is taken off
     open("c.txt", record(3));
-    EXPECT_EQ(name(), "b.zp2; c.txt");
-    EXPECT_EQ(app.filename, "c.txt");
-    EXPECT_EQ(program.levels(), 3);
+    EXPECT_EQ(joined(name(), app.filename, program.levels()), "b.zp2; c.txt|c.txt|3");
 }
 
 TEST_F(ProtocolFile, odd_files_are_taken_as_records) {
@@ -145,8 +141,7 @@ TEST_F(ProtocolFile, more_than_fifty_records_end_in_the_fault_report_with_the_fi
         bytes.resize(size, '\0');
         desktop.expect_fault("_FileOpen_Action");
         open("large.zp2", bytes);
-        EXPECT_EQ(program.levels(), 50);
-        EXPECT_EQ(rate(50), "50");
+        EXPECT_EQ(joined(program.levels(), rate(50)), "50|50");
         EXPECT_FALSE(app.popupwindow->Visible());
         app.editwindow.Close();
     }
@@ -263,8 +258,7 @@ TEST_F(ProtocolFile, save_leaves_out_low_bytes_of_255_and_the_closing_prompt_wri
     ASSERT_EQ(closed.size(), 48U);
     EXPECT_EQ(hex(closed.substr(0, 4)), "00 01 ff 08");
     program.open(desktop.folder / "saved.zp2");
-    EXPECT_EQ(program.levels(), 1);
-    EXPECT_EQ(program.cell(1, column::base), "007.830");
+    EXPECT_EQ(joined(program.levels(), program.cell(1, column::base)), "1|007.830");
     app.editchanged = false;
 }
 
@@ -368,8 +362,7 @@ TEST_F(ProtocolFile, new_starts_over_with_a_window_of_its_own) {
     open("a.zp2", records(3));
     desktop.expect_message(unsaved, DialogAnswer::alternate);
     app.from_user("test", [this] { app._FileCreateNewFile_Action(); });
-    EXPECT_EQ(program.levels(), 0);
-    EXPECT_EQ(name(), "Untitled");
+    EXPECT_EQ(joined(program.levels(), name()), "0|Untitled");
     EXPECT_EQ(app.editwindow->focus_control(), &app.editwindow->FreqField);
     EXPECT_EQ(image(1).substr(0, 11), unset_level);
     EXPECT_EQ(app.front_window(), &app.editwindow.get());
@@ -380,8 +373,7 @@ TEST_F(ProtocolFile, new_goes_on_after_a_veto_and_renames_the_table_that_stayed)
     app.editwindow->wave_box.SetFocus();
     desktop.expect_message(unsaved, DialogAnswer::cancel);
     app.from_user("test", [this] { app._FileCreateNewFile_Action(); });
-    EXPECT_EQ(program.levels(), 3);
-    EXPECT_EQ(name(), "Untitled");
+    EXPECT_EQ(joined(program.levels(), name()), "3|Untitled");
     EXPECT_EQ(app.editwindow->focus_control(), &app.editwindow->FreqField);
     EXPECT_EQ(image(1).substr(0, 11), unset_level);
     EXPECT_TRUE(app.editchanged);

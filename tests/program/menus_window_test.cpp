@@ -58,11 +58,9 @@ TEST(Menus, a_notice_that_stays_up_does_not_take_the_menu_from_the_editor) {
 TEST(Start, credentials_port_and_version_are_completed_once) {
     Program program;
     App& app = program.app;
-    EXPECT_EQ(app.port, 465);
-    EXPECT_EQ(app.uName.size(), 15U);
+    EXPECT_EQ(joined(app.port, app.uName.size()), "465|15");
     EXPECT_NE(app.pwd, deployment::stored_credential);
-    EXPECT_EQ(app.Window1->versiontext.Text(), "Version  Beta  1.2.3");
-    EXPECT_EQ(app.seperator, ":");
+    EXPECT_EQ(joined(app.Window1->versiontext.Text(), app.seperator), "Version  Beta  1.2.3|:");
     EXPECT_FALSE(app.Window1->StatusField.Visible());
     EXPECT_EQ(app.myactivewindow, document::none);
     EXPECT_FALSE(app.getrts());

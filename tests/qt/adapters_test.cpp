@@ -1,18 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "fixture.h"
 
-#include <QClipboard>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QScrollBar>
-#include <QTableView>
-
 namespace tessit::qt {
 
 namespace {

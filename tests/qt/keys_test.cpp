@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "fixture.h"
 
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QTimer>
-
 namespace tessit::qt {
 
 namespace {

@@ -1,40 +1,11 @@
 // SPDX-License-Identifier: MIT
 // That texts fit and colours contrast: the rules one by one, and every window of the program as it is shown.
-#include "composer/compose_window.h"
-#include "consolidator/consolidator_window.h"
-#include "core/popup_window.h"
-#include "device/load_direct_window.h"
-#include "device/load_zephon_window.h"
-#include "device/settings_window.h"
-#include "editor/edit_window.h"
+#include "all_windows.h"
 #include "folder_desktop.h"
 #include "level/register_image.h"
-#include "program/main_window.h"
 #include "qt/column_widths.h"
 #include "qt/control_layout.h"
 #include "qt/look.h"
-#include "qt/qt_desktop.h"
-#include "report/page_setup_window.h"
-#include "report/qc_window.h"
-#include "support/contact_form.h"
-#include "support/feedback_form.h"
-#include "support/help_window.h"
-#include "support/online_help_form.h"
-#include "support/support_mail.h"
-
-#include <QComboBox>
-#include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QScrollBar>
-#include <QStyle>
-#include <QStyleOptionComboBox>
-#include <QTableView>
-#include <QTest>
-#include <gtest/gtest.h>
-#include <numeric>
 
 namespace tessit::qt {
 
@@ -162,36 +133,33 @@ void expect_no_overlap(const WindowWidget& window) {
     }
 }
 
-TEST(EveryWindow, ShowsItsTextsWholeAndApart) {
-    FolderDesktop desktop;
-    App app(desktop, {.StageCode = Stage::beta, .MajorVersion = 10, .MinorVersion = 20, .BugVersion = 30});
-    app.start();
-    app.from_user("windows", [&] {
+using EveryWindow = ProgramTest;
+
+TEST_F(EveryWindow, ShowsItsTextsWholeAndApart) {
+    app.from_user("windows", [this] {
         app.serialselected = true; // keeps the load window from closing itself
-        for (Window* window : std::initializer_list<Window*>{
-                 &app.Window1.get(), &app.popupwindow.get(), &app.settings_window.get(), &app.load_direct_window.get(),
-                 &app.loadzephonWindow.get(), &app.consolidatorWindow.get(), &app.composewindow.get(),
-                 &app.pgsetupwindow.get(), &app.qcsetupwindow.get(), &app.editwindow.get(), &app.FeedbackWindow.get(),
-                 &app.feedbackPopup.get(), &app.ContactUsWindow.get(), &app.ContactPopUp.get(),
-                 &app.OnlineHelpWindow.get(), &app.onlinehelpPopup.get(), &app.helpWindow.get()}) {
-            window->Show();
-        }
+#define SHOW(window) app.window->Show();
+        EACH_WINDOW(SHOW)
         EditWindow& editor = app.editwindow.get();
         editor.wave_box.SetListIndex(1);
         editor.FreqField.SetText("999999");
         app.Update_display();
         app.load_direct_window->loadcompleted.SetVisible(true);
+        editor.changelvlfield.SetVisible(true);
     });
+    const QImage change_field = find<QLineEdit>(app.editwindow.get(), "changelvlfield").grab().toImage();
+    EXPECT_EQ(change_field.pixelColor(5, 8), QColor(Qt::red));
+    EXPECT_GE(app.WindowCount(), 19);
     for (int index = 0; index < app.WindowCount(); ++index) {
-        const WindowWidget* widget = desktop.widget_of(app.Window(index));
-        ASSERT_NE(widget, nullptr) << app.Window(index).name();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(const_cast<WindowWidget*>(widget)));
-        expect_no_overlap(*widget);
-        for (const auto& control : widget->controls()) {
+        WindowWidget* shown = desktop.widget_of(app.Window(index));
+        ASSERT_NE(shown, nullptr) << app.Window(index).name();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(shown));
+        expect_no_overlap(*shown);
+        for (const auto& control : shown->controls()) {
             expect_text_to_fit(control->widget());
         }
-        if (widget->width() >= app.Window(index).design().width) { // else the screen is smaller than the window
-            EXPECT_EQ(qobject_cast<QScrollArea*>(widget->centralWidget())->verticalScrollBar()->maximum(), 0);
+        if (shown->width() >= app.Window(index).design().width) { // else the screen is smaller than the window
+            EXPECT_EQ(qobject_cast<QScrollArea*>(shown->centralWidget())->verticalScrollBar()->maximum(), 0);
         }
     }
 }

@@ -6,34 +6,23 @@
 #include "editor/edit_window.h"
 #include "folder_desktop.h"
 
-#include <QGuiApplication>
-#include <QPlainTextEdit>
-#include <QTableView>
-#include <QTest>
-#include <gtest/gtest.h>
-
 namespace tessit::qt {
 
 namespace {
 
-class Lists : public testing::Test {
+class Lists : public ProgramTest {
 protected:
     Lists() {
-        app.start();
         app.choose_menu("ConsolidatorNew");
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&widget(app.consolidatorWindow.get())));
+        widget(app.consolidatorWindow.get());
     }
 
-    WindowWidget& widget(Window& window) const { return *desktop.widget_of(window); }
-    template <class W> W& find(Window& window, const char* name) const {
-        return *widget(window).findChild<W*>(QLatin1String(name));
-    }
     QPlainTextEdit& list() { return find<QPlainTextEdit>(app.consolidatorWindow.get(), "freqdisplayfield"); }
 
     QTableView& compose(const char* text) {
         app.consolidatorWindow->freqdisplayfield.edit(text);
         app.consolidatorWindow->composebutton.click();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&widget(app.composewindow.get())));
+        widget(app.composewindow.get());
         return find<QTableView>(app.composewindow.get(), "freq_listBox");
     }
 
@@ -61,9 +50,6 @@ protected:
         }
         return false;
     }
-
-    FolderDesktop desktop;
-    App app{desktop, {.StageCode = Stage::beta}};
 };
 
 TEST_F(Lists, CellsArePaintedInTheirColours) {
@@ -95,10 +81,9 @@ TEST_F(Lists, TheEditorComesUpBehindTheComposer) {
     compose("300, 200");
     app.composewindow->freq_listBox.click_cell(0, 0);
     app.composewindow->enterbutton.click();
-    EXPECT_TRUE(widget(app.editwindow.get()).isVisible());
-    QTest::qWait(50);
-    EXPECT_TRUE(app.in_front(app.composewindow.get()));
+    EXPECT_TRUE(desktop.widget_of(app.editwindow.get())->isVisible());
     EXPECT_EQ(QGuiApplication::focusWindow(), widget(app.composewindow.get()).windowHandle());
+    EXPECT_TRUE(app.in_front(app.composewindow.get()));
 }
 
 TEST_F(Lists, CutAndPasteFollowTheSelectionInTheField) {

@@ -1,25 +1,17 @@
 // SPDX-License-Identifier: MIT
 // The mail forms over real sockets: to a mail server from the distribution, which stores what it gets.
 #include "core/deployment.h"
-#include "fixture.h"
-#include "program/main_window.h"
+#include "folder_desktop.h"
 #include "support/contact_form.h"
 #include "support/feedback_form.h"
 #include "support/support_mail.h"
-
-#include <QDir>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
-#include <QTemporaryDir>
 
 namespace tessit::qt {
 
 namespace {
 
 // Takes every connection to the support server to a port of this machine instead.
-class LoopbackDesktop : public QtDesktop, public Sockets {
+class LoopbackDesktop : public FolderDesktop, public Sockets {
 public:
     Sockets& sockets() override { return *this; }
     std::unique_ptr<SocketLine> connect(const std::string& address, int port, SocketOwner& owner) override {
@@ -27,17 +19,14 @@ public:
         EXPECT_EQ(port, 465);
         return qt_sockets_.connect("127.0.0.1", loopback_port, owner);
     }
-    FolderItem program_folder() override { return FolderItem(folder_.path().toStdString()); }
-    DialogAnswer show_dialog(const MessageDialog&) override { return DialogAnswer::action; } // of the first start
 
     int loopback_port = 0;
 
 private:
     QtSockets qt_sockets_;
-    QTemporaryDir folder_;
 };
 
-class StoringServer : public testing::Test {
+class StoringServer : public ::testing::Test {
 protected:
     StoringServer() { app.start(); }
     void SetUp() override {
@@ -55,7 +44,7 @@ protected:
     QByteArray stored(int number, const char* ending) {
         QFile file(folder_.filePath(QStringLiteral("message-%1.%2").arg(number).arg(QLatin1String(ending))));
         const auto is_there = [&] { return file.exists() && file.size() > 0; };
-        EXPECT_TRUE(eventually(is_there)) << "message " << number << " did not arrive";
+        EXPECT_TRUE(QTest::qWaitFor(is_there)) << "message " << number << " did not arrive";
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
     QJsonObject envelope(int number) { return QJsonDocument::fromJson(stored(number, "json")).object(); }
@@ -65,7 +54,7 @@ protected:
     }
     // Until the server has said goodbye, after which nothing is lost.
     void expect_sent(const SMTPSecureSocket& socket) {
-        EXPECT_TRUE(eventually([&] { return socket.Messages.empty(); }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return socket.Messages.empty(); }));
     }
 
     LoopbackDesktop desktop;
@@ -82,7 +71,7 @@ TEST_F(StoringServer, GetsEnvelopeHeadersAndBody) {
     form.ContactemailField.type("Jane <jane@home.example>");
     form.ContactMsgField.edit("How?\n  Why? \xC3\xA9\xE2\x82\xAC\xF0\x9F\x99\x82\n");
     form.ContactSubmitButton.click();
-    EXPECT_TRUE(eventually([&] { return app.ContactPopUp.exists() && app.ContactPopUp->Visible(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return app.ContactPopUp.exists() && app.ContactPopUp->Visible(); }));
     expect_sent(form.contactSocket);
     const QString password = QString::number(deployment::stored_credential | deployment::credential_mask);
     const QJsonObject to_support{

@@ -1,31 +1,19 @@
 // SPDX-License-Identifier: MIT
 // From the window to the paper: prints to PDF files and reads back with another program what stands where.
-#include "core/app.h"
 #include "dialog_driver.h"
 #include "editor/edit_window.h"
 #include "folder_desktop.h"
 #include "level/level_table.h"
 #include "platform/text.h"
+#include "qt/printing.h"
 #include "report/page_setup_window.h"
 #include "support/full_disk.h"
 #include "support/scripted_desktop.h"
 
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QDir>
-#include <QFile>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QPrintDialog>
-#include <QProcess>
-#include <QPushButton>
-#include <QRegularExpression>
-#include <QTest>
-#include <QTextEdit>
-#include <QToolButton>
+#include <QPrinter>
 #include <algorithm>
 #include <cmath>
-#include <gtest/gtest.h>
 
 namespace tessit::qt {
 
@@ -56,27 +44,13 @@ std::vector<Word> words_of(const QString& file) {
     return words;
 }
 
-class ReportingDesktop : public FolderDesktop {
-public:
-    void show_fault(const FaultReport& report) override { faults.push_back(report); }
-
-    std::vector<FaultReport> faults;
-};
-
-class Printing : public ::testing::Test, protected DialogDriver {
+class Printing : public ProgramTest, protected DialogDriver {
 protected:
-    Printing() {
-        app.start();
-        app.choose_menu("FileCreateNewFile");
-    }
-    ~Printing() override { app.editchanged = false; }
+    Printing() { app.choose_menu("FileCreateNewFile"); }
 
     QString file(const char* name = "report.pdf") { return desktop.folder.filePath(name); }
     EditWindow& editor() { return app.editwindow.get(); }
     PageSetupWindow& setup() { return app.pgsetupwindow.get(); }
-    template <class W> W& widget(const char* name) {
-        return *desktop.widget_of(setup())->findChild<W*>(QLatin1String(name));
-    }
 
     // What lies in the folder, finished or not.
     QStringList printed() {
@@ -102,9 +76,6 @@ protected:
         when_shown<QPrintDialog>([target](QPrintDialog& dialog) { accept(dialog, target); });
         setup().DoneButton.click();
     }
-
-    ReportingDesktop desktop;
-    App app{desktop, {}};
 };
 
 Word word_in(const std::vector<Word>& words, const char* text) {
@@ -157,20 +128,24 @@ TEST_F(Printing, AFullBankStandsWhereItIsTold) {
 TEST_F(Printing, StylesOfTheWindowAreThoseOfThePage) {
     editor().namefield.SetText("Plain Thick");
     app.choose_menu("FilePrint");
-    auto& field = widget<QTextEdit>("headingfield");
+    auto& field = find<QTextEdit>(setup(), "headingfield");
     QTextCursor cursor = field.textCursor();
     cursor.setPosition(6);
     cursor.setPosition(11, QTextCursor::KeepAnchor);
     field.setTextCursor(cursor);
     EXPECT_EQ(setup().headingfield.SelText(), "Thick");
-    QTest::mouseClick(&widget<QToolButton>("Boldbutton1"), Qt::LeftButton);
-    QTest::mouseClick(&widget<QToolButton>("Italicbutton1"), Qt::LeftButton);
-    QTest::mouseClick(&widget<QToolButton>("underlinebutton1"), Qt::LeftButton);
+    QTest::mouseClick(&find<QToolButton>(setup(), "Boldbutton1"), Qt::LeftButton);
+    QTest::mouseClick(&find<QToolButton>(setup(), "Italicbutton1"), Qt::LeftButton);
+    QTest::mouseClick(&find<QToolButton>(setup(), "underlinebutton1"), Qt::LeftButton);
     EXPECT_EQ(field.textCursor().selectedText(), "Thick");
     EXPECT_EQ(field.currentCharFormat().fontWeight(), QFont::Bold);
     EXPECT_TRUE(field.currentCharFormat().fontItalic() && field.currentCharFormat().fontUnderline());
+    const int usual = field.document()->defaultFont().pixelSize();
     setup().headfontBox.choose(10); // 20 points
     EXPECT_EQ(field.document()->defaultFont().pixelSize(), 20);
+    setup().headfontBox.edit("");
+    EXPECT_EQ(field.document()->defaultFont().pixelSize(), usual);
+    setup().headfontBox.choose(10);
     finish_to(file());
     const QString fonts = output_of("pdffonts", {file()});
     EXPECT_TRUE(fonts.contains("LiberationSans-BoldItalic")) << fonts.toStdString();
@@ -197,6 +172,7 @@ TEST_F(Printing, AFullDiskIsToldAndTheOldFileStays) {
     EXPECT_EQ(printed(), QStringList("report.pdf"));
     EXPECT_EQ(testing::file_bytes(file().toStdString()), before);
     EXPECT_EQ(editor().edit_displayBox.ListCount(), 2);
+    desktop.faults.clear();
 }
 
 TEST_F(Printing, ADismissedDialogLeavesNothingBehind) {
@@ -208,7 +184,6 @@ TEST_F(Printing, ADismissedDialogLeavesNothingBehind) {
     });
     setup().DoneButton.click();
     EXPECT_EQ(printed(), QStringList());
-    EXPECT_TRUE(desktop.faults.empty());
 }
 
 TEST_F(Printing, TextOutsideLatinAndLongTextsArePrintedWhole) {
@@ -229,6 +204,27 @@ TEST_F(Printing, TextOutsideLatinAndLongTextsArePrintedWhole) {
             EXPECT_LT(word.left, 65);
         }
     }
+}
+
+TEST_F(Printing, TheSystemsPrinterGetsThePageOrTheFaultIsTold) {
+    QPrinter printer;
+    printer.setResolution(72);
+    printer.setFullPage(true);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    const Page page{DrawString{"Here", 200, 100, {"arial", 12, false}}};
+    printer.setOutputFileName(file("no such folder/report.pdf"));
+    EXPECT_EQ(testing::fault_of([&] { system_printer(printer)->print(page); })->kind(), FaultKind::write_failed);
+    printer.setOutputFileName(file());
+    system_printer(printer)->print(page);
+    EXPECT_NEAR(word_in(words_of(file()), "Here").left, 200, 0.1);
+}
+
+TEST_F(Printing, AFolderTakenAwayBehindTheDialogIsTold) {
+    QDir(desktop.folder.path()).mkdir("stick");
+    when_shown<QPrintDialog>([this](QPrintDialog& dialog) { accept(dialog, file("stick/report.pdf")); });
+    const auto graphics = desktop.choose_printer();
+    QDir(file("stick")).removeRecursively();
+    EXPECT_EQ(testing::fault_of([&] { graphics->print({}); })->kind(), FaultKind::write_failed);
 }
 
 TEST_F(Printing, ABlockEndsWithAWholeLine) {

@@ -11,7 +11,8 @@
 #include "platform/text.h"
 #include "qt/qt_desktop.h"
 
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 #include <functional>
 #include <string>
 #include <vector>

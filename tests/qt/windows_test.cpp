@@ -3,12 +3,6 @@
 
 #include "qt/menu_bar.h"
 
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QTableView>
 #include <set>
 
 namespace tessit::qt {
@@ -139,6 +133,8 @@ TEST_F(Windows, FocusGivenBeforeTheFirstShowIsThereAfterwards) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(second));
     EXPECT_TRUE(eventually([&] { return QApplication::focusWidget() == second->findChild<QPushButton*>("button"); }));
     EXPECT_TRUE(find<QLineEdit>("field").window()->focusWidget() == &find<QLineEdit>("field"));
+    app.second->field.SetFocus();
+    EXPECT_EQ(QApplication::focusWidget(), second->findChild<QLineEdit*>("field"));
 }
 
 TEST_F(Windows, ContentPlaceIsTold) {
@@ -173,6 +169,8 @@ TEST_F(Windows, NoticeIsPaintedWhileTheHandlerBlocks) {
         EXPECT_EQ(notice->findChild<QProgressBar*>("bar")->value(), 90);
         EXPECT_EQ(app.front_window(), &window());
     });
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(widget->isActiveWindow());
 }
 
 TEST_F(Windows, LongWaitRepaintsAndLetsNoInputIn) {

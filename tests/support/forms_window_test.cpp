@@ -18,7 +18,7 @@ namespace {
 
 class FormsTest : public ProgramTest {
 protected:
-    ScriptedSockets& server = program.desktop.scripted_sockets;
+    ScriptedSockets& server = desktop.scripted_sockets;
 
     // Plays the server's side of one mail without authentication up to its text; that text.
     std::string mail() {
@@ -55,7 +55,7 @@ TEST_F(FormsTest, contact_form) {
 
     server.tell_sent();
     server.tell_sent();
-    EXPECT_EQ(program.desktop.shown.back(), "ContactPopUp");
+    EXPECT_EQ(desktop.shown.back(), "ContactPopUp");
     app.ContactPopUp->PushButton1.click();
     EXPECT_FALSE(app.ContactPopUp.exists() || app.ContactUsWindow.exists() || server.open());
 }
@@ -219,26 +219,26 @@ TEST_F(FormsTest, sockets_of_the_main_window) {
     MainWindow& window = app.Window1.get();
     EXPECT_TRUE(window.SMTSecureSocket1.Secure && server.connects.empty());
     window.TCPSocket1.Connect();
-    program.desktop.expect_message("secure Socket connected");
+    desktop.expect_message("secure Socket connected");
     server.accept();
-    program.desktop.expect_message("data available");
+    desktop.expect_message("data available");
     server.send("x");
-    program.desktop.expect_message("error sending e-mail");
+    desktop.expect_message("error sending e-mail");
     server.hang_up();
     server.tell_sent();
-    EXPECT_EQ(program.desktop.shown.back(), "ContactPopUp");
+    EXPECT_EQ(desktop.shown.back(), "ContactPopUp");
 }
 
 TEST_F(FormsTest, help_and_manual_share_a_window) {
-    write_file(program.desktop.folder / "HELP.html", "<p>help");
+    write_file(desktop.folder / "HELP.html", "<p>help");
     app.choose_menu("HelpOpenHelpFile");
     EXPECT_TRUE(app.helpWindow->Visible());
     HTMLViewer& viewer = app.helpWindow->HTMLV;
-    EXPECT_EQ(viewer.page()->path(), program.desktop.folder / "HELP.html");
+    EXPECT_EQ(viewer.page()->path(), desktop.folder / "HELP.html");
     app.choose_menu("HelpDisplayManual"); // missing: no message, the viewer tells where it was looked for
     EXPECT_EQ(&viewer, &app.helpWindow->HTMLV);
     EXPECT_FALSE(viewer.page().has_value());
-    EXPECT_EQ(viewer.looked_for().front().path(), program.desktop.folder / "manual.pdf");
+    EXPECT_EQ(viewer.looked_for().front().path(), desktop.folder / "manual.pdf");
     EXPECT_EQ(viewer.loads(), 2);
     const auto& callers_missing = app.MenuBar1.without_entry();
     EXPECT_TRUE(callers_missing.at("HelpHelpFile")());

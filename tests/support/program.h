@@ -70,13 +70,6 @@ struct Program {
     }
 };
 
-// The texts of controls, joined by "|".
-template <class... Controls> std::string texts(const Controls&... controls) {
-    std::string joined;
-    ((joined += "|" + controls.Text()), ...);
-    return joined.substr(1);
-}
-
 class ProgramTest : public ::testing::Test {
 protected:
     Program program;

@@ -15,16 +15,11 @@ namespace fs = std::filesystem;
 namespace {
 
 struct RecordingPrinter : Graphics {
-    std::vector<Page>* pages; // null: out of order
-    explicit RecordingPrinter(std::vector<Page>* printed) : pages(printed) {}
+    std::vector<Page>& pages;
+    explicit RecordingPrinter(std::vector<Page>& printed) : pages(printed) {}
 
     double StringWidth(const std::string& text, const PageFont&) override { return 5.0 * Len(text); }
-    void print(const Page& page) override {
-        if (pages == nullptr) {
-            throw Fault(FaultKind::write_failed, "The printer is out of order.");
-        }
-        pages->push_back(page);
-    }
+    void print(const Page& page) override { pages.push_back(page); }
 };
 
 } // namespace
@@ -68,6 +63,15 @@ std::string hex(const std::string& bytes) {
     return text;
 }
 
+std::optional<Fault> fault_of(const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const Fault& fault) {
+        return fault;
+    }
+    return std::nullopt;
+}
+
 ScriptedDesktop::~ScriptedDesktop() {
     for (const auto& expected : messages_) {
         ADD_FAILURE() << "never asked: " << expected.message;
@@ -108,11 +112,10 @@ std::unique_ptr<Graphics> ScriptedDesktop::choose_printer() {
         ADD_FAILURE() << "unexpected print dialog";
         return nullptr;
     }
-    const PrinterAnswer answer = printers_.front();
+    on_print_dialog();
+    const bool chosen = printers_.front();
     printers_.pop_front();
-    return answer == PrinterAnswer::dismissed
-               ? nullptr
-               : std::make_unique<RecordingPrinter>(answer == PrinterAnswer::prints ? &pages : nullptr);
+    return chosen ? std::make_unique<RecordingPrinter>(pages) : nullptr;
 }
 
 void ScriptedDesktop::show_fault(const FaultReport& report) {

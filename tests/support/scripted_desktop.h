@@ -50,6 +50,24 @@ std::string file_bytes(const std::filesystem::path& file);
 void write_file(const std::filesystem::path& file, const std::string& bytes);
 std::string hex(const std::string& bytes); // "01 ff", for messages and literals
 
+// Whole numbers, texts and controls by their texts, joined by "|": several values in one comparison.
+template <class... Values> std::string joined(const Values&... values) {
+    const auto text = []<class Value>(const Value& value) -> std::string {
+        if constexpr (std::is_integral_v<Value>) {
+            return std::to_string(+value);
+        } else if constexpr (std::is_convertible_v<Value, std::string>) {
+            return value;
+        } else {
+            return value.Text();
+        }
+    };
+    std::string all;
+    ((all += "|" + text(values)), ...);
+    return all.substr(1);
+}
+
+std::optional<Fault> fault_of(const std::function<void()>& step); // that it raises
+
 class ScriptedDesktop : public Desktop {
 public:
     ~ScriptedDesktop() override;
@@ -59,9 +77,9 @@ public:
     void expect_fault(const std::string& handler);       // where the fault came from; its text is in `faults`
     void choose_file(const std::filesystem::path& file); // the next file dialog; an empty path dismisses it
     void dismiss_file_dialog() { choose_file({}); }
-    void accept_printing() { printers_.push_back(PrinterAnswer::prints); } // the next print dialog
-    void dismiss_print_dialog() { printers_.push_back(PrinterAnswer::dismissed); }
-    void refuse_printing() { printers_.push_back(PrinterAnswer::fails); } // chosen, and then out of order
+    void accept_printing() { printers_.push_back(true); } // the next print dialog
+    void dismiss_print_dialog() { printers_.push_back(false); }
+    std::function<void()> on_print_dialog = [] {};
     void connect(SerialPorts& ports) { switchboard_.connected = &ports; }
 
     // What happened.
@@ -116,15 +134,13 @@ private:
         DialogAnswer answer;
     };
 
-    enum class PrinterAnswer { prints, dismissed, fails };
-
     std::optional<FolderItem> next_file(const FileRequest& request);
 
     Switchboard switchboard_;
     std::deque<ExpectedMessage> messages_;
     std::deque<std::string> expected_faults_;
     std::deque<std::filesystem::path> files_;
-    std::deque<PrinterAnswer> printers_;
+    std::deque<bool> printers_; // chosen or dismissed
     std::deque<std::function<void()>> soon_;
 };
 
