@@ -71,7 +71,7 @@ bool ComposeWindow::freq_listBox_CellClick(int row, int column) {
     }
     if (column == prime_column::prime) {
         timefield.SetText(seconds ? app.default_sf_time_s : app.default_sf_time_ms);
-        wavebox.SetListIndex(single_frequency_index); // behind the time: its change has the last word on it
+        wavebox.SetListIndex(single_frequency_index); // after the time: its change has the last word on it
     }
     widthbox.SetListIndex(truncate(app.strintR(freq_listBox.Cell(row, prime_column::width))));
     return false;

@@ -54,7 +54,7 @@ bool ConsolidatorWindow::entryField_KeyDown(const std::string& key) {
     if (!is_enter_key(key)) {
         return false;
     }
-    if (app.numentries > 0) { // entries counted, not text: behind an opened list the first one joins its last number
+    if (app.numentries > 0) { // entries counted, not text: after an opened list the first one joins its last number
         freqdisplayfield.SetText(freqdisplayfield.Text() + typed_separator(app.decimal_mark()));
     }
     freqdisplayfield.SetText(freqdisplayfield.Text() + entryField.Text());

@@ -12,7 +12,7 @@ namespace tessit {
 // Fault out_of_bounds where that one has been deleted since.
 int row_for_next_level(const AppState& state, Listbox& table);
 
-// Opens an empty row above the selected one, which becomes `row`. A full table is told and stays.
+// Opens an empty row above the selected one, which becomes `row`. Tells the user of a full table, which stays.
 Insertion open_row_above_selected(App& app, Listbox& table);
 
 void remove_selected_level(Listbox& table); // and numbers the others anew; nothing where none is selected

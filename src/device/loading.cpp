@@ -42,9 +42,9 @@ public:
     }
 
 private:
-    void send(std::uint8_t byte, Microseconds wait_behind) {
+    void send(std::uint8_t byte, Microseconds wait_after) {
         line_.Write(byte);
-        wait(clock_, wait_behind);
+        wait(clock_, wait_after);
     }
 
     bool acknowledged() {

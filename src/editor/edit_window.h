@@ -174,7 +174,7 @@ public:
     // Both total fields anew from the table's cells. A fault leaves the time empty.
     void add_up_cells(std::int32_t frequencies_from, PlainSeconds plain_seconds);
 
-    bool refuses_another_level(); // a full table is told
+    bool refuses_another_level(); // tells the user of a full table
 
     EditField& name_field() override { return namefield; }
     std::optional<LevelTable> level_table() override;

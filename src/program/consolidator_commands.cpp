@@ -43,7 +43,7 @@ bool App::_ConsolidatorOpen_Action() {
     filepath.reset(); // settings are not saved until a later save has set it again
     popupwindow->Hide();
     consolidatorWindow->Show();
-    dataentry = true; // behind the showing, which clears it
+    dataentry = true; // after the showing, which clears it
     enable_menu_items();
     return true;
 }
