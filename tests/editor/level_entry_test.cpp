@@ -11,11 +11,7 @@ namespace {
 
 using testing::joined;
 
-TEST(LevelEntry, frequencies_follow_wave_and_width) {
-    using namespace wave_index;
-    EXPECT_EQ(joined(frequencies_text(single_frequency, 9), frequencies_text(spread_contracting, 4)), "1|9");
-    EXPECT_EQ(joined(frequencies_text(sweep_decreasing, 4), frequencies_text(-1, 4)),
-              "5|"); // a wave that is in no list
+TEST(LevelEntry, widths_follow_wave_and_frequencies) {
     EXPECT_EQ(width_index("spread expanding", 9), 4);
     EXPECT_EQ(width_index("Sweep Increasing", 5), 5); // not 4: the width column corrects it
     EXPECT_EQ(width_index("Single Frequency", 1), 1);

@@ -153,7 +153,7 @@ TEST_F(EveryWindow, ShowsItsTextsWholeAndApart) {
     for (int index = 0; index < app.WindowCount(); ++index) {
         WindowWidget* shown = desktop.widget_of(app.Window(index));
         ASSERT_NE(shown, nullptr) << app.Window(index).name();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(shown));
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(shown)) << app.Window(index).name();
         expect_no_overlap(*shown);
         for (const auto& control : shown->controls()) {
             expect_text_to_fit(control->widget());

@@ -8,14 +8,14 @@ namespace tessit::qt {
 
 namespace {
 
-constexpr const char* help_text = R"(<html><head><meta charset="utf-8"></head><body><h1>Help</h1>
+const QByteArray help_text = R"(<html><head><meta charset="utf-8"></head><body><h1>Help</h1>
 <p><a href="#end">end</a> <a href="second.html">second</a> <a href="manual.pdf">manual</a>
 <a href="https://www.example/x">outside</a> <a href="../secret.html">above</a> <a href="absent.html">absent</a></p>
-<p>a Generator &eacute;</p><pre>
+<p>a Generator &eacute;</p><pre>)" +
+                             QByteArray(50, '\n') +
+                             R"(</pre><h2><a name="end">End</a></h2><p>another generator</p></body></html>)";
 
-</pre><h2><a name="end">End</a></h2><p>another generator</p></body></html>)";
-
-void write_text(const QString& path, const char* text) {
+void write_text(const QString& path, const QByteArray& text) {
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(text);

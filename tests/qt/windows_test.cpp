@@ -165,12 +165,10 @@ TEST_F(Windows, NoticeIsPaintedWhileTheHandlerBlocks) {
         app.notice->Show();
         app.notice->bar.Refresh();
         WindowWidget* notice = desktop.widget_of(app.notice.get());
-        EXPECT_TRUE(notice->windowHandle()->isExposed());
+        EXPECT_TRUE(notice->windowHandle()->isExposed() && notice->testAttribute(Qt::WA_ShowWithoutActivating));
         EXPECT_EQ(notice->findChild<QProgressBar*>("bar")->value(), 90);
         EXPECT_EQ(app.front_window(), &window());
     });
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(widget->isActiveWindow());
 }
 
 TEST_F(Windows, LongWaitRepaintsAndLetsNoInputIn) {
