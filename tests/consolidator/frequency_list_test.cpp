@@ -77,17 +77,6 @@ TEST(FrequencyList, a_sort_adds_the_zero_behind_the_list) {
     EXPECT_EQ(sorted("1," + long_digits + ",2", up), "0, 1, 2, inf");
 }
 
-TEST(FrequencyList, what_is_no_number_keeps_its_place_in_a_sort) {
-    std::vector<double> list{4, 3, std::nan(""), 2, 9, 1, 0};
-    std::vector<double> by_loops = list;
-    sort_by_loops(by_loops, SortOrder::increasing);
-    Array<double> numbers(list);
-    sort_frequencies(numbers, SortOrder::increasing);
-    ASSERT_TRUE(std::isnan(numbers[2]));
-    numbers[2] = by_loops[2] = -1;
-    EXPECT_EQ(values(numbers), by_loops);
-}
-
 RC_GTEST_PROP(FrequencyList, sorts_as_the_loops_do, ()) {
     std::vector<double> by_loops = *lists();
     Array<double> numbers(by_loops);

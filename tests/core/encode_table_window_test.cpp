@@ -41,20 +41,17 @@ TEST_F(TableCodecTest, too_many_decimals_beep_and_leave_the_notice_up) {
 }
 
 TEST_F(TableCodecTest, faults_at_save_keep_table_and_flag_and_take_the_notice_away) {
-    struct Case {
-        int column;
-        const char* text;
-    };
-    for (const auto& c : {Case{column::base, "0.255"}, Case{column::base, "1234567890"}, Case{column::base, ""},
-                          Case{column::time_each, "180"}}) {
+    const std::pair<int, const char*> cases[] = {
+        {column::base, "0.255"}, {column::base, "1234567890"}, {column::base, ""}, {column::time_each, "180"}};
+    for (const auto& [column, text] : cases) {
         program.new_protocol();
         program.enter("7.83");
-        window().edit_displayBox.SetCell(1, c.column, c.text);
+        window().edit_displayBox.SetCell(1, column, text);
         desktop.expect_fault("_FileSave_Action");
         app.choose_menu("FileSave");
-        EXPECT_EQ(desktop.faults.back().kind, FaultKind::out_of_bounds) << c.text;
+        EXPECT_EQ(desktop.faults.back().kind, FaultKind::out_of_bounds) << text;
         EXPECT_EQ(desktop.faults.back().what.rfind("Level 1 can't be turned", 0), 0U); // names the culprit
-        EXPECT_EQ(program.cell(1, c.column), c.text);
+        EXPECT_EQ(program.cell(1, column), text);
         EXPECT_TRUE(app.editchanged && !app.popupwindow->Visible());
         app.editchanged = false;
     }

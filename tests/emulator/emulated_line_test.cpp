@@ -19,16 +19,6 @@ struct EmulatedLineTest : ::testing::Test {
     void SetUp() override { generator.press_receive(); }
 };
 
-TEST_F(EmulatedLineTest, Ports_OnlyTheGeneratorsOneOpensAndOnlyOnceAtATime) {
-    EXPECT_EQ(ports.list(), (std::vector{port, other}));
-    EXPECT_EQ(ports.open(other, {}), nullptr);
-    auto line = open();
-    ASSERT_NE(line, nullptr);
-    EXPECT_EQ(open(), nullptr);
-    line.reset();
-    EXPECT_NE(open(), nullptr);
-}
-
 TEST_F(EmulatedLineTest, Read_GivesAtMostTheCountAndOnlyWhatIsDue) {
     generator.set_failure({.mode = FailureMode::handshake_split});
     auto line = open();
@@ -39,16 +29,6 @@ TEST_F(EmulatedLineTest, Read_GivesAtMostTheCountAndOnlyWhatIsDue) {
     clock.idle(1);
     EXPECT_EQ(line->read(0), Bytes{});
     EXPECT_EQ(line->read(1), Bytes{6});
-}
-
-TEST_F(EmulatedLineTest, UnreadBytes_SurviveACloseButNotAReset) {
-    auto line = open();
-    call(*line);
-    line.reset();
-    line = open();
-    EXPECT_EQ(line->read(1), Bytes{170});
-    line->reset();
-    EXPECT_EQ(line->read(1), Bytes{});
 }
 
 TEST_F(EmulatedLineTest, HangUp_KillsTheLineForEverAndANewOneWorks) {

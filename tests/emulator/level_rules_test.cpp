@@ -36,10 +36,8 @@ TEST(LevelRules, CheckByte_BringsTheSumToZero_ExceptForAnUnsetLevel) {
 }
 
 TEST(LevelRules, Addresses_OnlyTheFortyBankStarts_BeginABank) {
-    const struct {
-        int address;
-        std::optional<int> bank;
-    } cases[] = {{0, 1}, {800, 2}, {25 * 256, 9}, {121 * 256 + 224, 40}, {32000, {}}, {16, {}}, {799, {}}, {65535, {}}};
+    const std::pair<int, std::optional<int>> cases[] = {{0, 1},      {800, 2}, {25 * 256, 9}, {121 * 256 + 224, 40},
+                                                        {32000, {}}, {16, {}}, {799, {}},     {65535, {}}};
     for (const auto& [address, bank] : cases) {
         EXPECT_EQ(bank_starting_at(address), bank) << address;
     }

@@ -94,14 +94,6 @@ TEST(BytesOfReading, LastRecord_IsWhatFollowsTheBankInMemory) {
     EXPECT_EQ(record_of(bank_40, 51), chained(Bytes{125, 0}, never_loaded_behind_its_address)); // 32000: no memory
 }
 
-TEST_F(SendingTest, BankIsSentAsItWasWhenTheKeysWerePressed) {
-    generator.press_send(7);
-    generator.store(7, 1, hz_7_83);
-    after(0);
-    answer();
-    EXPECT_EQ(at(12'000, 6)[2], 1);
-}
-
 enum class Then { goes_on, ends };
 
 // What a program that sends these bytes is told, and whether the generator goes on.
@@ -154,19 +146,6 @@ TEST_F(SendingTest, KeysOfALoad_EndTheSendingAndTheOtherWayRound) {
     generator.press_send(7);
     EXPECT_FALSE(generator.receiving());
     EXPECT_EQ(after(0), Bytes{'V'});
-    EXPECT_EQ(violation_texts(generator), "");
-}
-
-TEST_F(SendingTest, KeysDuringAReading_BeginAnewWithoutABreach) {
-    generator.press_send(7);
-    after(0);
-    answer();
-    at(12'000, 6);
-    generator.press_send(7);
-    EXPECT_EQ(after(0), Bytes{'V'});
-    at(10, 6); // of the reading that was given up
-    at(12'000, 6);
-    answer();
     EXPECT_EQ(violation_texts(generator), "");
 }
 

@@ -74,11 +74,7 @@ TEST(ReadRecord, takes_twelve_bytes_in_file_order) {
 }
 
 TEST(ReadRecord, keeps_the_check_byte_signed) {
-    const std::pair<const char*, int> cases[] = {
-        {"\x7f", 127},
-        {"\x80", -128},
-        {"\xff", -1},
-    };
+    const std::pair<const char*, int> cases[] = {{"\x7f", 127}, {"\x80", -128}, {"\xff", -1}};
     for (const auto& [last, errorchk] : cases) {
         const RegisterImage image = image_of(std::string(11, '\1') + last);
         EXPECT_EQ(image.errorchk[1], errorchk);

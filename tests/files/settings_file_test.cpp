@@ -51,7 +51,6 @@ TEST(SettingsFile, odd_fields_have_the_effect_that_they_have) {
         {"serial port,-3", "serial port,15;", "serial port,3;"}, // a sign is no digit
         {"serial port,99999999999", "serial port,15;", "serial port,2147483647;"},
         {"wave, 4x", "wave,0;", "wave,4;"},
-        {"wave,4", "wave,0;", "wave,4;"},
         {"dutycycle,2.9", "dutycycle,7;", "dutycycle,2;"},
         {"rate,", "rate,1;", "rate,;"},
         {"rate,2,5", "rate,1;", "rate,2;"},                      // cut at its comma
@@ -59,9 +58,7 @@ TEST(SettingsFile, odd_fields_have_the_effect_that_they_have) {
         {"use_euro,true", "use_euro,False;", "use_euro,True;"},
         {"use_euro,TRUE", "use_euro,False;", "use_euro,True;"},
         {"use_euro,1", "use_euro,False;", "use_euro,False;"},
-        {"use_euro,", "use_euro,False;", "use_euro,False;"},
         {"colour,blue", "", ""}, // unknown
-        {"colour", "", ""},
         {" wave,4", "", ""},
         {"\n", "", ""}, // the file's line end
     };

@@ -112,18 +112,6 @@ TEST(Message, its_own_type_and_encoding_stand_in_for_the_usual_ones) {
     EXPECT_EQ(EmailMessage{}.Source(), "\r\n\r\n\r\n.");
 }
 
-TEST(Message, two_bodies_are_alternatives) {
-    EmailMessage message;
-    message.SetSubject("s");
-    message.BodyPlainText = "plain";
-    message.BodyEnriched = "rich";
-    EXPECT_EQ(message.Source(first_letter),
-              "Subject: s\r\nContent-Type: multipart/alternative; boundary=\"aaaaaaaaaaaa\"\r\n\r\n"
-              "--aaaaaaaaaaaa\r\nContent-type: text/plain;\r\nContent-transfer-encoding: 7bit\r\n\r\nplain\r\n\r\n"
-              "--aaaaaaaaaaaa\r\nContent-type: text/enriched;\r\nContent-transfer-encoding: 7bit\r\n\r\nrich\r\n\r\n"
-              "--aaaaaaaaaaaa--\r\n.");
-}
-
 TEST(Message, alternatives_lie_inside_what_has_attachments) {
     TemporaryFolder folder;
     write_file(folder / "data.zp2", std::string(58, 'A'));

@@ -101,10 +101,6 @@ protected:
         app.event([this] { app.first.get(); });
         app.happened.clear();
     }
-    bool enabled(const char* entry) {
-        app.enable_menu_items();
-        return app.MenuBar1.item(entry).Enabled();
-    }
     std::vector<std::string> chosen(const char* entry) {
         app.happened.clear();
         app.choose_menu(entry);
@@ -116,19 +112,6 @@ protected:
     using Entries = std::vector<std::string>;
 };
 
-TEST_F(MenuEvents, what_is_enabled_is_asked_anew_each_time) {
-    EXPECT_TRUE(enabled("Open") && !enabled("Save"));
-    app.on["first.Event_EnableMenuItems"] = [&] {
-        app.MenuBar1.item("Save").Enable();
-        app.MenuBar1.item("Open").SetEnabled(false);
-    };
-    EXPECT_EQ(chosen("Save"), Entries{"Save"});
-    EXPECT_EQ(chosen("Open"), Entries{});
-    app.on.clear();
-    EXPECT_EQ(chosen("Save"), Entries{});
-    EXPECT_EQ(chosen("Open"), Entries{"Open"});
-}
-
 TEST_F(MenuEvents, a_fault_in_an_action_bears_the_commands_name) {
     app.MenuBar1.item("Open").bind([]() -> bool { throw Fault(FaultKind::nil_object, "a fault"); });
     desktop.expect_fault("_Open_Action");
@@ -136,11 +119,6 @@ TEST_F(MenuEvents, a_fault_in_an_action_bears_the_commands_name) {
     app.on["first.Event_EnableMenuItems"] = [] { throw Fault(FaultKind::nil_object, "a fault"); };
     desktop.expect_fault("first.Event_EnableMenuItems");
     EXPECT_EQ(chosen("Save"), Entries{});
-}
-
-TEST_F(Events, system_ports_beyond_the_list_are_a_fault) {
-    EXPECT_EQ(app.System.SerialPortCount(), 0);
-    EXPECT_THROW(app.System.SerialPort(0), Fault);
 }
 
 TEST_F(Events, file_dialogs_begin_where_the_last_one_ended) {

@@ -80,13 +80,6 @@ TEST_F(Table, a_place_outside_is_a_fault_and_changes_nothing) {
     EXPECT_EQ(joined(rows(), table.LastIndex()), "abcd|3");
 }
 
-TEST_F(Table, headings_come_all_at_once) {
-    table.SetHeadings("Level\tWaveform");
-    EXPECT_EQ(table.Heading(1) + table.Heading(2), "Waveform");
-    table.SetHeadings("a\tb\tc\td");
-    EXPECT_EQ(table.Heading(0) + table.Heading(1) + table.Heading(2), "abc");
-}
-
 TEST_F(Table, a_row_is_found_by_y_alone) {
     const std::tuple<int, int, int> cases[] = {
         {0, -1, -1},  {0, 0, -1}, // the heading
@@ -115,16 +108,6 @@ TEST_F(Table, a_double_click_puts_the_mouse_on_its_row_wherever_the_table_is_scr
         }
     }
     EXPECT_EQ(double_clicks, 12);
-}
-
-TEST_F(Table, a_double_click_where_no_row_is_does_nothing) {
-    const int y = app.System.MouseY();
-    table.double_click(-1);
-    table.double_click(4);
-    table.SetEnabled(false);
-    table.double_click(0);
-    EXPECT_EQ(double_clicks, 0);
-    EXPECT_EQ(app.System.MouseY(), y);
 }
 
 } // namespace

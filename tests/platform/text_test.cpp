@@ -31,21 +31,6 @@ TEST(Text, a_split_gives_every_piece_and_none_of_the_empty_text) {
     }
 }
 
-TEST(Text, every_line_end_becomes_a_carriage_return) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"", ""},
-        {"a\rb", "a\rb"},
-        {"a\nb\n", "a\rb\r"},
-        {"a\r\nb\r\n", "a\rb\r"},
-        {"a\n\nb", "a\r\rb"},
-        {"a\r\r\nb", "a\r\rb"},
-        {"a\n\rb", "a\r\rb"},
-    };
-    for (const auto& [text, result] : cases) {
-        EXPECT_EQ(with_carriage_returns(text), result);
-    }
-}
-
 TEST(Text, numeric_is_digits_with_one_mark_at_most) {
     // with the decimal point, with the decimal comma
     const std::tuple<const char*, bool, bool> cases[] = {

@@ -5,12 +5,15 @@
 
 #include "core/app.h"
 #include "qt/qt_desktop.h"
+#include "support/scripted_desktop.h"
 
 #include <QtTest>
 #include <QtWidgets>
 #include <gtest/gtest.h>
 
 namespace tessit::qt {
+
+using testing::joined;
 
 class FolderDesktop : public QtDesktop {
 public:

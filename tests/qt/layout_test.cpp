@@ -29,14 +29,8 @@ TEST(ColumnWidths, EmptyPlacesShareWhatIsLeft) {
 }
 
 TEST(Places, GrowWhereThereIsRoom) {
-    struct Case {
-        const char* what;
-        Placed control;
-        std::vector<QRect> others;
-        QRect result;
-    };
     const QRect place(100, 100, 50, 20);
-    const Case cases[] = {
+    const std::tuple<const char*, Placed, std::vector<QRect>, QRect> cases[] = {
         {"enough", {place, {40, 20}, 0}, {}, place},
         {"to the right", {place, {80, 20}, 0}, {}, {100, 100, 80, 20}},
         {"to the left", {place, {80, 20}, 2}, {}, {70, 100, 80, 20}},
@@ -47,18 +41,17 @@ TEST(Places, GrowWhereThereIsRoom) {
         {"higher upwards", {place, {50, 24}, 0}, {{100, 121, 50, 9}}, {100, 96, 50, 24}},
         {"at the edge", {{190, 0, 10, 20}, {30, 24}, 0}, {}, {170, 0, 30, 24}},
     };
-    for (const Case& test : cases) {
-        std::vector<Placed> controls{test.control};
-        for (const QRect& other : test.others) {
+    for (const auto& [what, control, others, result] : cases) {
+        std::vector<Placed> controls{control};
+        for (const QRect& other : others) {
             controls.push_back({.designed = other, .needed = {}});
         }
-        EXPECT_EQ(places_with_room(controls, {200, 200}).front(), test.result) << test.what;
+        EXPECT_EQ(places_with_room(controls, {200, 200}).front(), result) << what;
     }
 }
 
 TEST(Look, TextContrastsWithEveryBackground) {
-    EXPECT_EQ(readable_on(QColor(0xFF0000)), QColor(Qt::black));
-    EXPECT_EQ(readable_on(QColor(0xC0C0C0)), QColor(Qt::black));
+    EXPECT_TRUE(readable_on(QColor(0xFF0000)) == Qt::black && readable_on(QColor(0xC0C0C0)) == Qt::black);
     EXPECT_EQ(readable_on(QColor(0x000080)), QColor(Qt::white));
 }
 

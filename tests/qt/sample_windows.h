@@ -10,6 +10,7 @@
 #include "platform/static_controls.h"
 #include "platform/text.h"
 #include "qt/qt_desktop.h"
+#include "support/scripted_desktop.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -18,6 +19,8 @@
 #include <vector>
 
 namespace tessit::qt {
+
+using testing::joined;
 
 using Log = std::vector<std::string>;
 

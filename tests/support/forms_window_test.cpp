@@ -23,9 +23,7 @@ protected:
     // Plays the server's side of one mail without authentication up to its text; that text.
     std::string mail() {
         server.accept();
-        for (const char* reply : {"220 x", "502 no EHLO", "250 x", "250 ok", "250 ok"}) {
-            server.send(std::string(reply) + "\r\n");
-        }
+        server.send_lines({"220 x", "502 no EHLO", "250 x", "250 ok", "250 ok"});
         return server.answer_to("354 go on");
     }
     static std::string body(const std::string& mail) { return mail.substr(mail.find("\r\n\r\n") + 4); }
@@ -65,13 +63,7 @@ TEST_F(FormsTest, online_help_form_sends_with_both_fields_empty) {
     OnlineHelpForm& form = app.OnlineHelpWindow.get();
     EXPECT_EQ(form.Title(), "OnLine Help");
     form.PushButton1.click();
-    server.accept();
-    server.send("220 x\r\n");
-    server.send("502 x\r\n");
-    EXPECT_EQ(server.answer_to("250 x"), "MAIL FROM: <>\r\n");
-    server.send("250 ok\r\n");
-    server.send("250 ok\r\n");
-    const std::string text = server.answer_to("354 go on");
+    const std::string text = mail();
     EXPECT_NE(text.find("Subject: Online Help Form\r\nFrom: \r\n"), std::string::npos);
     EXPECT_EQ(body(text), "  Using Current version  1.23\r\n   Wrote:\r\n\r\n\r\n.\r\n");
     server.tell_sent();
@@ -94,11 +86,9 @@ TEST_F(FormsTest, feedback_buttons_write_their_sentences) {
     const auto group = [&](int first, FeedbackProperty property, const Words& captions, const Words& sentences) {
         for (std::size_t at = 0; at < captions.size(); ++at, ++buttons) {
             RadioButton& button = form.questions.numbered(first + static_cast<int>(at));
-            EXPECT_EQ(button.own().caption, captions[at]);
-            EXPECT_FALSE(button.Value());
+            EXPECT_TRUE(button.own().caption == captions[at] && !button.Value()) << captions[at];
             button.click();
-            EXPECT_EQ(app.*property, sentences[at]);
-            EXPECT_TRUE(button.Value());
+            EXPECT_TRUE(app.*property == sentences[at] && button.Value()) << sentences[at];
             EXPECT_EQ(at > 0 && form.questions.numbered(first).Value(), false) << "one of a group is on";
         }
     };
@@ -146,11 +136,8 @@ TEST_F(FormsTest, feedback_mail_keeps_its_lines_and_earlier_answers) {
     EXPECT_TRUE(server.connects.empty());
     form->emailField.key_down(""); // any key, also one without a character
     form->PushButton1.click();
-    std::string lines;
-    for (int i = 0; i < 17; ++i) {
-        lines += "\r\n";
-    }
-    EXPECT_EQ(body(mail()), lines + "\r\nComments and Suggestions\r\n\r\n.\r\n");
+    EXPECT_EQ(body(mail()), "\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\nComments and "
+                            "Suggestions\r\n\r\n.\r\n");
 
     form->questions.numbered(62).click();
     form->questions.numbered(24).click();
@@ -203,9 +190,7 @@ TEST_F(FormsTest, a_form_closed_at_any_step_takes_its_socket_along) {
         if (steps > 0) {
             server.accept();
         }
-        for (std::size_t at = 0; at < steps; ++at) {
-            server.send(replies[at] + "\r\n");
-        }
+        server.send_lines({replies.begin(), replies.begin() + static_cast<std::ptrdiff_t>(steps)});
         server.tell_sent();
         form.close_by_user();
         EXPECT_FALSE(server.open()) << "after " << steps << " replies";

@@ -24,14 +24,6 @@ struct RecordingPrinter : Graphics {
 
 } // namespace
 
-void SimulatedClock::idle(Microseconds at_most) {
-    now_ += at_most;
-    idled_ += at_most;
-    if (on_idle) {
-        on_idle();
-    }
-}
-
 TemporaryFolder::TemporaryFolder() {
     std::string name = (fs::temp_directory_path() / "tessit-test-XXXXXX").string();
     path_ = mkdtemp(name.data());
@@ -73,8 +65,8 @@ std::optional<Fault> fault_of(const std::function<void()>& step) {
 }
 
 ScriptedDesktop::~ScriptedDesktop() {
-    for (const auto& expected : messages_) {
-        ADD_FAILURE() << "never asked: " << expected.message;
+    for (const auto& [message, answer] : messages_) {
+        ADD_FAILURE() << "never asked: " << message;
     }
     for (const auto& expected : expected_faults_) {
         ADD_FAILURE() << "no fault came from " << expected;
@@ -83,28 +75,16 @@ ScriptedDesktop::~ScriptedDesktop() {
     EXPECT_TRUE(printers_.empty()) << "a print dialog did not come";
 }
 
-void ScriptedDesktop::expect_message(const std::string& message, DialogAnswer answer) {
-    messages_.push_back({message, answer});
-}
-
-void ScriptedDesktop::expect_fault(const std::string& handler) {
-    expected_faults_.push_back(handler);
-}
-
-void ScriptedDesktop::choose_file(const fs::path& file) {
-    files_.push_back(file);
-}
-
 DialogAnswer ScriptedDesktop::show_dialog(const MessageDialog& dialog) {
     dialogs.push_back(dialog);
     if (messages_.empty()) {
         ADD_FAILURE() << "unexpected dialog: " << dialog.Message;
         return DialogAnswer::cancel;
     }
-    const ExpectedMessage expected = messages_.front();
+    const auto [message, answer] = messages_.front();
     messages_.pop_front();
-    EXPECT_EQ(dialog.Message, expected.message);
-    return expected.answer;
+    EXPECT_EQ(dialog.Message, message);
+    return answer;
 }
 
 std::unique_ptr<Graphics> ScriptedDesktop::choose_printer() {
