@@ -83,42 +83,16 @@ TEST_F(Events, a_button_acts_unless_the_press_was_used_up_or_cannot_reach_it) {
     EXPECT_EQ(log, "MAM");
 }
 
-class MenuEvents : public ::testing::Test {
-protected:
-    static MenuBar bar() {
-        return MenuBar({{"FileMenu",
-                         "File",
-                         {MenuItem("Open", "Open", true), MenuItem("Save", "Save", false),
-                          MenuItem("Print", "Print", true), MenuItem("Line", "-", true)}}});
-    }
-    void SetUp() override {
-        for (const char* entry : {"Open", "Save"}) {
-            app.MenuBar1.item(entry).bind([this, entry] {
-                app.happened.push_back(entry);
-                return true;
-            });
-        }
-        app.event([this] { app.first.get(); });
-        app.happened.clear();
-    }
-    std::vector<std::string> chosen(const char* entry) {
-        app.happened.clear();
-        app.choose_menu(entry);
-        return app.happened;
-    }
-
+TEST(MenuEvents, a_fault_in_an_action_bears_the_commands_name) {
     ScriptedDesktop desktop;
-    SmallApplication app{desktop, bar()};
-    using Entries = std::vector<std::string>;
-};
-
-TEST_F(MenuEvents, a_fault_in_an_action_bears_the_commands_name) {
+    SmallApplication app(desktop, MenuBar({{"FileMenu", "File", {MenuItem("Open", "Open", true)}}}));
+    app.event([&] { app.first.get(); });
     app.MenuBar1.item("Open").bind([]() -> bool { throw Fault(FaultKind::nil_object, "a fault"); });
     desktop.expect_fault("_Open_Action");
     app.choose_menu("Open");
     app.on["first.Event_EnableMenuItems"] = [] { throw Fault(FaultKind::nil_object, "a fault"); };
     desktop.expect_fault("first.Event_EnableMenuItems");
-    EXPECT_EQ(chosen("Save"), Entries{});
+    app.choose_menu("Open"); // what may not be enabled does not run
 }
 
 TEST_F(Events, file_dialogs_begin_where_the_last_one_ended) {
