@@ -35,7 +35,7 @@ void save_frequency_list(App& app) {
 namespace {
 
 void open_frequency_list(App& app, const FolderItem& file) {
-    auto stream = file.OpenAsTextFile();
+    auto stream = file.OpenAsTextFile(most_list_bytes);
     app.filename = Replace(file.DisplayName(), list_extension, "");
     app.consolidatorWindow->nameField.SetText(app.filename);
     app.popupwindow->statusField.SetText("");

@@ -11,6 +11,8 @@ class App;
 
 inline constexpr const char* list_extension = ".csv";
 
+inline constexpr std::size_t most_list_bytes = 4'000'000; // a longer list would keep the program busy for many seconds
+
 FileType list_file_type_for_opening();
 FileType list_file_type_for_saving();
 

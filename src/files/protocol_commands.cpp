@@ -37,7 +37,7 @@ void show_records(App& app, BinaryInputStream& stream) {
 }
 
 void open_protocol(App& app, const FolderItem& file) {
-    auto stream = file.OpenAsBinaryFile();
+    auto stream = file.OpenAsBinaryFile(most_protocol_bytes);
     app.filename = Replace(file.DisplayName(), protocol_extension, "");
     EditField& name = app.editwindow->namefield;
     const bool appended = app.editwindow->edit_displayBox.LastIndex() > 1;
@@ -70,7 +70,7 @@ void App::loaddata(const std::optional<FolderItem>& file) {
     if (!file) {
         return;
     }
-    auto stream = file->OpenAsBinaryFile();
+    auto stream = file->OpenAsBinaryFile(most_protocol_bytes);
     for (int i = 1; !stream->EndOfFile(); ++i) {
         read_record(*stream, *this, i);
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/folder_item.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -11,23 +12,28 @@ namespace tessit {
 
 namespace {
 
+Fault read_failed(const std::filesystem::path& path, const std::string& reason) {
+    return Fault(FaultKind::read_failed, "The file \"" + path.string() + "\" could not be read: " + reason + ".");
+}
+
 // A pipe without a writer would never open, and a device need have no end.
 int open_regular(const std::filesystem::path& path) {
     struct stat status {};
-    if (stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
-        errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
-        return -1;
+    if (stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode)) {
+        throw read_failed(path, S_ISFIFO(status.st_mode)   ? "Is a pipe"
+                                : S_ISSOCK(status.st_mode) ? "Is a socket"
+                                                           : "Is a device");
     }
-    return open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    return open(path.c_str(), O_RDONLY | O_CLOEXEC); // a folder opens, and then does not read
 }
 
-template <class Container> Container content_of(const std::filesystem::path& path) {
+template <class Container> Container content_of(const std::filesystem::path& path, std::size_t most) {
     Container content;
     const int descriptor = open_regular(path);
     ssize_t count = descriptor < 0 ? -1 : 1;
-    while (count > 0) {
+    while (count > 0 && content.size() < most) {
         char block[65536];
-        count = read(descriptor, block, sizeof block);
+        count = read(descriptor, block, std::min(sizeof block, most - content.size()));
         if (count > 0) {
             content.insert(content.end(), block, block + count);
         }
@@ -37,8 +43,7 @@ template <class Container> Container content_of(const std::filesystem::path& pat
         close(descriptor);
     }
     if (count < 0) {
-        throw Fault(FaultKind::read_failed,
-                    "The file \"" + path.string() + "\" could not be read: " + std::strerror(error) + ".");
+        throw read_failed(path, std::strerror(error));
     }
     return content;
 }
@@ -58,12 +63,16 @@ bool FolderItem::Exists() const {
     return std::filesystem::exists(path_, error);
 }
 
-Ref<BinaryInputStream> FolderItem::OpenAsBinaryFile() const {
-    return std::make_unique<BinaryInputStream>(content_of<std::vector<std::uint8_t>>(path_));
+Ref<BinaryInputStream> FolderItem::OpenAsBinaryFile(std::size_t most) const {
+    return std::make_unique<BinaryInputStream>(content_of<std::vector<std::uint8_t>>(path_, most));
 }
 
-Ref<TextInputStream> FolderItem::OpenAsTextFile() const {
-    return std::make_unique<TextInputStream>(content_of<std::string>(path_));
+Ref<TextInputStream> FolderItem::OpenAsTextFile(std::size_t most) const {
+    auto text = content_of<std::string>(path_, most + 1);
+    if (text.size() > most) {
+        throw read_failed(path_, "It is longer than " + std::to_string(most) + " bytes");
+    }
+    return std::make_unique<TextInputStream>(std::move(text));
 }
 
 Ref<BinaryOutputStream> FolderItem::CreateBinaryFile(const std::string&) const {

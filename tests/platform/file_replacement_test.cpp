@@ -264,7 +264,10 @@ TEST(Streams, what_cannot_be_read_is_a_fault_with_the_systems_reason) {
         {folder / "missing", "No such file or directory"},
         {folder.path(), "Is a directory"},
         {fs::path("/proc/self/mem"), "Input/output error"}, // opens, and then does not read
+        {fs::path("/dev/zero"), "Is a device"},
+        {folder / "pipe", "Is a pipe"},
     };
+    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
     for (const auto& c : cases) {
         try {
             FolderItem(c.path).OpenAsBinaryFile();
@@ -275,6 +278,18 @@ TEST(Streams, what_cannot_be_read_is_a_fault_with_the_systems_reason) {
         }
         EXPECT_EQ(fault_of([&] { FolderItem(c.path).OpenAsTextFile(); }), FaultKind::read_failed);
     }
+}
+
+TEST(Streams, no_more_is_taken_than_can_matter) {
+    const TemporaryFolder folder;
+    write_file(folder / "six", "abcdef");
+    auto stream = FolderItem(folder / "six").OpenAsBinaryFile(5);
+    for (const char byte : {'a', 'b', 'c', 'd', 'e'}) {
+        EXPECT_EQ(stream->ReadByte(), byte);
+    }
+    EXPECT_TRUE(stream->EndOfFile());
+    EXPECT_EQ(FolderItem(folder / "six").OpenAsTextFile(6)->ReadAll(), "abcdef");
+    EXPECT_EQ(fault_of([&] { FolderItem(folder / "six").OpenAsTextFile(5); }), FaultKind::read_failed);
 }
 
 } // namespace
