@@ -7,6 +7,7 @@
 #include "platform/application.h"
 
 #include <string>
+#include <string_view>
 
 namespace tessit {
 
@@ -54,6 +55,8 @@ public:
     void displaydata(std::int32_t level);
 
     // files: protocol and settings files.
+    void open_file(const FolderItem& file); // given at the start; a list by its name, anything else as a protocol
+    std::string_view opening_entry(const FolderItem& file) const override;
     void loaddata(const std::optional<FolderItem>& file);
     void writefile(Ref<BinaryOutputStream>& stream);
     void writezpFile();

@@ -53,6 +53,19 @@ void open_protocol(App& app, const FolderItem& file) {
 
 } // namespace
 
+std::string_view App::opening_entry(const FolderItem& file) const {
+    const std::string extension = file.path().extension().string();
+    if (same_text(extension, list_extension)) {
+        return "ConsolidatorOpen";
+    }
+    return same_text(extension, protocol_extension) ? "FileOpen" : "";
+}
+
+void App::open_file(const FolderItem& file) {
+    const auto entry = opening_entry(file);
+    choose_menu(entry.empty() ? "FileOpen" : entry, file);
+}
+
 bool App::_FileOpen_Action() {
     datareset(); // before the dialog: a dismissed one leaves an empty image too
     filepath = GetOpenFolderItem(protocol_file_type_for_opening());
