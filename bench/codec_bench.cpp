@@ -2,7 +2,7 @@
 // Encoding a full table, beside the encoder that one would write without knowing the generator's odd cases: parse,
 // multiply, shift. Both must give the same bytes for this table, or nothing is measured.
 #include "bench/full_image.h"
-#include "codec/decoder.h"
+#include "level/decoder.h"
 
 #include <benchmark/benchmark.h>
 #include <cmath>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "bench/full_table.h"
-#include "codec/encoder.h"
+#include "level/encoder.h"
 
 namespace tessit::bench {
 

@@ -8,11 +8,11 @@
 #include "bench/emulator_process.h"
 #include "bench/observed_line.h"
 #include "core/app.h"
-#include "core/main_window.h"
 #include "device/bank_boxes.h"
 #include "device/load_direct_window.h"
 #include "device/settings_window.h"
 #include "editor/edit_window.h"
+#include "program/main_window.h"
 
 #include <QDeadlineTimer>
 #include <QFile>

@@ -7,9 +7,9 @@
 #include "bench/clocks.h"
 #include "bench/emulator_process.h"
 #include "core/app.h"
-#include "core/main_window.h"
 #include "device/read_window.h"
 #include "device/settings_window.h"
+#include "program/main_window.h"
 
 #include <algorithm>
 #include <cstdio>

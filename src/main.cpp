@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The entry: a desktop, the application object, the event loop.
-#include "command_line.h"
 #include "core/app.h"
+#include "program/command_line.h"
 #include "qt/qt_desktop.h"
 
 #include <cstdio>

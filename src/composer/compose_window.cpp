@@ -3,10 +3,10 @@
 
 #include "composer/grouping.h"
 #include "consolidator/consolidator_window.h"
-#include "core/main_window.h"
-#include "core/menus.h"
 #include "editor/level_entry.h"
 #include "files/protocol_file.h"
+#include "program/main_window.h"
+#include "program/menus.h"
 
 namespace tessit {
 
@@ -18,6 +18,8 @@ constexpr Color unused_cell{0xFFFFFF};
 
 void ComposeWindow::Event_Open() {
     app.myactivewindow = document::composer;
+    app.level = 0; // what was begun in an earlier table
+    app.insert = false;
     namefield.SetText(app.consolidatorWindow->nameField.Text());
     freq_listBox.SetHeadings("Prime\tWidth\tCenter");
     app.group.fill(false);
@@ -127,13 +129,13 @@ EncodingRules ComposeWindow::encoding_rules() {
 
 bool ComposeWindow::Event_CancelClose() {
     if (app.composechanged) {
-        const auto answer = app.ShowModal(unsaved_work_dialog("Your composed protocol has not been saved to file"));
+        const auto answer = ask(unsaved_work_dialog("Your composed protocol has not been saved to file"));
         if (answer == DialogAnswer::cancel) {
             return true;
         }
         if (answer == DialogAnswer::action) {
             app.filename = namefield.Text();
-            app.writezpFile(); // a dismissed file dialog loses the work without further word
+            app.save_document(this); // a dismissed file dialog loses the work without further word
         }
     }
     app.composechanged = false;

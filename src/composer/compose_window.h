@@ -30,7 +30,8 @@ public:
                          .width = 938,
                          .height = 490,
                          .color = {0xFFFFFF},
-                         .frame = WindowFrame::document}),
+                         .frame = WindowFrame::document,
+                         .opening = Opening::shows_itself}),
           app(owner) {}
 
     StaticText list_caption{*this, {.name = "list_caption", .place = {57, 20, 120, 20}}, {.text = "Frequencies:"}};

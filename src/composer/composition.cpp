@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "composer/composition.h"
 
-#include "core/number.h"
+#include "level/number.h"
 #include "platform/fault.h"
 
 namespace tessit {

@@ -3,7 +3,7 @@
 // between the three ways in which a row comes to its values; each function says how.
 #pragma once
 
-#include "core/clock_text.h"
+#include "level/clock_text.h"
 
 #include <cstdint>
 #include <string>

@@ -110,11 +110,7 @@ void ComposeWindow::show_minutes_total() { // the hours are not shown
 
 void ComposeWindow::enter_new_row() {
     Listbox& table = compose_displayBox;
-    int row = app.row;
-    if (!app.insert) {
-        table.AddRow(Str(table.ListCount()));
-        row = table.ListCount() - 1;
-    }
+    const int row = row_for_next_level(app, table);
     fill_row(row, freq_field.Text(), RowCarry::new_row);
     show_frequencies(0, table.ListCount() - 1);
     if (formatbox.ListIndex() == 0) {

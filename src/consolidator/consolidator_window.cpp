@@ -3,12 +3,12 @@
 
 #include "composer/compose_window.h"
 #include "consolidator/frequency_list.h"
+#include "consolidator/list_file.h"
 #include "core/document_window.h"
 #include "core/enter_key.h"
-#include "core/main_window.h"
-#include "core/menus.h"
-#include "files/list_file.h"
 #include "files/protocol_file.h"
+#include "program/main_window.h"
+#include "program/menus.h"
 
 namespace tessit {
 
@@ -86,7 +86,7 @@ void ConsolidatorWindow::isoDecimal_Action() {
 
 bool ConsolidatorWindow::Event_CancelClose() {
     if (app.consolidatorchanged) {
-        const auto answer = app.ShowModal(save_question("Do you want to save your frequency list before quitting?"));
+        const auto answer = ask(save_question("Do you want to save your frequency list before quitting?"));
         if (answer == DialogAnswer::cancel) {
             return true;
         }
@@ -123,7 +123,7 @@ bool App::_ConsolidatorNew_Action() {
 
 bool App::_ConsolidatorQuit_Action() {
     if (consolidatorchanged) {
-        const auto answer = ShowModal(save_question("Do you want to save your work before quitting?"));
+        const auto answer = consolidatorWindow->ask(save_question("Do you want to save your work before quitting?"));
         if (answer != DialogAnswer::alternate) {
             return true; // "Save" saves nothing: the list stays where it is, for the Save command
         }

@@ -3,6 +3,7 @@
 // opened from a file. The text of `freqdisplayfield` is the list; nothing in it is checked.
 #pragma once
 
+#include "consolidator/frequency_list.h"
 #include "core/app.h"
 #include "platform/buttons.h"
 #include "platform/edit_field.h"
@@ -17,7 +18,8 @@ public:
                          .title = "Frequency Consolidator",
                          .width = 765,
                          .height = 421,
-                         .frame = WindowFrame::document}),
+                         .frame = WindowFrame::document,
+                         .opening = Opening::shows_itself}),
           app(owner) {}
 
     StaticText StaticText1{*this, {.name = "StaticText1", .place = {20, 16, 250, 20}}, {.text = "Enter Frequencies:"}};
@@ -26,7 +28,8 @@ public:
                           .place = {20, 38, 250, 24},
                           .label = "Enter Frequencies",
                           .help_tag = "Type a frequency and press Return to add it to the list"},
-                         {.on_key_down = [this](const std::string& key) { return entryField_KeyDown(key); }}};
+                         {.line_end = [this] { return std::string(typed_separator(app.decimal_mark())); },
+                          .on_key_down = [this](const std::string& key) { return entryField_KeyDown(key); }}};
     StaticText StaticText19{*this, {.name = "StaticText19", .place = {290, 76, 120, 20}}, {.text = "Frequency List:"}};
     EditField freqdisplayfield{
         *this,

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "consolidator/frequency_list.h"
 
-#include "core/number.h"
+#include "level/number.h"
 
 #include <algorithm>
 #include <cmath>

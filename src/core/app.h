@@ -43,7 +43,7 @@ public:
     void start(); // the entry's steps: binds the menu commands and opens Window1
     float strintR(const std::string& text);
     bool getrts() { return false; }
-    DocumentWindow* front_document(); // by myactivewindow; null where no table can be encoded
+    DocumentWindow* front_document(); // by myactivewindow, made where it is closed; null where no table is meant
     void save_settings_and_quit();    // a fault in the saving is shown and does not keep the program running
 
     Instance<MainWindow> Window1{*this};
@@ -51,7 +51,8 @@ public:
 
     // codec: the table to and from the register image.
     void datareset();
-    void load_data_array();
+    void load_data_array();                         // of the document in front
+    void encode_document(DocumentWindow* document); // null: the image is left empty
     void displaydata(std::int32_t level);
 
     // files: protocol and settings files.
@@ -59,7 +60,8 @@ public:
     std::string_view opening_entry(const FolderItem& file) const override;
     void loaddata(const std::optional<FolderItem>& file);
     void writefile(Ref<BinaryOutputStream>& stream);
-    void writezpFile();
+    void writezpFile(); // of the document in front
+    void save_document(DocumentWindow* document);
     std::optional<FolderItem> FSaveAs();
     void savesettings();
     bool _FileCreateNewFile_Action();

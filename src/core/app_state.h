@@ -3,12 +3,12 @@
 // folders. Texts that hold a decimal mark follow `use_euro`.
 #pragma once
 
-#include "codec/register_image.h"
+#include "core/deployment.h"
+#include "level/register_image.h"
 #include "platform/array.h"
 #include "platform/control.h"
 #include "platform/folder_item.h"
 #include "platform/text.h"
-#include "support/deployment.h"
 
 #include <cstdint>
 #include <optional>

@@ -2,8 +2,8 @@
 // The seam through which shared commands work on the document window in front, whichever it is.
 #pragma once
 
-#include "codec/encoder.h"
 #include "core/app_state.h"
+#include "level/encoder.h"
 #include "platform/application.h"
 #include "platform/listbox.h"
 
@@ -19,6 +19,10 @@ public:
     virtual int last_level_row() = 0;           // levels are rows 1 to this one
     virtual EncodingRules encoding_rules() = 0; // how this window's texts become bytes
 };
+
+// The row that the next level goes to: a new one at the end, or while `insert` is set the one that Insert Row opened.
+// Fault out_of_bounds where that one has been deleted since.
+int row_for_next_level(const AppState& state, Listbox& table);
 
 // Two commands look for a document by title and differ in whether the main panel can be that document.
 enum class MainPanel { counts, is_passed_over };

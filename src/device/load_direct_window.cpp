@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "device/load_direct_window.h"
 
-#include "core/main_window.h"
+#include "composer/compose_window.h"
 #include "device/settings_window.h"
 #include "editor/edit_window.h"
+#include "program/main_window.h"
 
 namespace tessit {
 
@@ -22,8 +23,12 @@ void LoadDirectWindow::LoadButton_Action() {
         return app.MsgBox(*refused);
     }
     loadcompleted.SetVisible(false);
+    const bool composed = app.myactivewindow == document::composer && app.composewindow.exists();
     const auto question = ready_to_load_dialog(app.editwindow->namefield.Text(), bank_bt1, bank_bt0);
-    Show(); // the editor may just have come up with its name
+    if (composed) { // the editor may just have come up with its name: behind the table that is loaded
+        app.composewindow->Show();
+    }
+    Show();
     if (app.ShowModal(question) == DialogAnswer::cancel) {
         return;
     }

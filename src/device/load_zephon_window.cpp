@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "device/load_zephon_window.h"
 
-#include "core/main_window.h"
 #include "device/settings_window.h"
 #include "files/protocol_file.h"
 #include "platform/text.h"
+#include "program/main_window.h"
 
 namespace tessit {
 

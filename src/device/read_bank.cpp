@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // App::getdata and App::showzephon: the reading dialogue, docs/wire-format.md, and the table made from it.
-#include "codec/decoder.h"
 #include "core/app.h"
-#include "core/main_window.h"
 #include "device/read_window.h"
 #include "device/wire.h"
+#include "level/decoder.h"
 #include "platform/text.h"
+#include "program/main_window.h"
 
 #include <cmath>
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "device/read_window.h"
 
-#include "core/main_window.h"
-#include "core/menus.h"
 #include "device/load_direct_window.h"
 #include "device/settings_window.h"
 #include "files/protocol_file.h"
+#include "program/main_window.h"
+#include "program/menus.h"
 
 namespace tessit {
 
@@ -33,7 +33,10 @@ void ReadWindow::Event_Activate() {
 }
 
 void ReadWindow::Readbutton_Action() {
-    app.ReadZPWindow.Close(); // opened anew, the table is empty; a veto leaves it as it is, and the read goes on
+    app.ReadZPWindow.Close(); // opened anew, the table is empty
+    if (app.ReadZPWindow.exists()) {
+        return; // the question was answered with Cancel
+    }
     app.ReadZPWindow->Show();
     app.Window1->Hide();
     if (!app.serialselected) {
@@ -70,12 +73,12 @@ bool ReadWindow::Event_CancelClose() {
     if (!app.readchanged) {
         return false;
     }
-    switch (app.ShowModal(unsaved_work_dialog("Data just read from the Zephon has not been saved to file"))) {
+    switch (ask(unsaved_work_dialog("Data just read from the Zephon has not been saved to file"))) {
     case DialogAnswer::cancel:
         return true;
     case DialogAnswer::action:
         app.filename = bankfield.Text();
-        app.writezpFile();
+        app.save_document(this);
         break;
     case DialogAnswer::alternate:
         break;

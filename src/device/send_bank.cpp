@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 // App::sendzephon: the loading dialogue, docs/wire-format.md. It blocks from end to end; the first failure ends it.
-#include "codec/register_image.h"
 #include "core/app.h"
-#include "core/level_table.h"
-#include "core/main_window.h"
 #include "core/popup_window.h"
 #include "device/load_direct_window.h"
 #include "device/load_zephon_window.h"
 #include "device/wire.h"
+#include "level/level_table.h"
+#include "level/register_image.h"
 #include "platform/text.h"
+#include "program/main_window.h"
 
 namespace tessit {
 

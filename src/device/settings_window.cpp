@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "device/settings_window.h"
 
-#include "core/main_window.h"
-#include "core/menus.h"
+#include "program/main_window.h"
+#include "program/menus.h"
 
 namespace tessit {
 

@@ -2,7 +2,7 @@
 // Constants and small rules of the serial dialogue. Wire format: docs/wire-format.md.
 #pragma once
 
-#include "codec/level_record.h"
+#include "level/level_record.h"
 #include "platform/clock.h"
 
 #include <cstdint>

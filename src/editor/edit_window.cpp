@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "editor/edit_window.h"
 
-#include "core/main_window.h"
-#include "core/menus.h"
 #include "files/protocol_file.h"
 #include "platform/text.h"
+#include "program/main_window.h"
+#include "program/menus.h"
 
 namespace tessit {
 
@@ -15,6 +15,8 @@ void EditWindow::Event_Open() {
     }
     app.start_level = 1;
     app.myactivewindow = document::editor;
+    app.changelevel = false; // what was begun in an earlier table
+    app.insert = false;
     (app.use_euro ? isoDecimal : naDecimal).SetValue(true);
 
     set_up_level_table(edit_displayBox);
@@ -213,7 +215,7 @@ bool EditWindow::Event_CancelClose() {
     if (!app.editchanged) {
         return false;
     }
-    switch (app.ShowModal(unsaved_work_dialog("Data in the Edit window has not been saved to file"))) {
+    switch (ask(unsaved_work_dialog("Data in the Edit window has not been saved to file"))) {
     case DialogAnswer::cancel:
         return true;
     case DialogAnswer::action:
@@ -229,7 +231,7 @@ bool EditWindow::Event_CancelClose() {
 }
 
 void EditWindow::save_before_closing() {
-    app.load_data_array();
+    app.encode_document(this);
     app.filename = namefield.Text() + ".zp2";
     if (const auto file = app.GetSaveFolderItem(protocol_file_type_for_saving(), app.filename)) {
         auto stream = file->CreateBinaryFile("zp2");

@@ -3,10 +3,10 @@
 // table's texts are the protocol. Level entry itself is App::Update_display (level_entry.cpp).
 #pragma once
 
-#include "codec/decoder.h"
 #include "core/app.h"
 #include "core/document_window.h"
 #include "editor/level_entry.h"
+#include "level/decoder.h"
 #include "platform/buttons.h"
 #include "platform/choice.h"
 #include "platform/edit_field.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/level_entry.h"
 
-#include "core/number.h"
+#include "level/number.h"
 #include "platform/control.h"
 #include "platform/text.h"
 

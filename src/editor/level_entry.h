@@ -3,8 +3,8 @@
 // that the user typed; nothing becomes bytes here.
 #pragma once
 
-#include "core/clock_text.h"
 #include "core/enter_key.h"
+#include "level/clock_text.h"
 #include "platform/choice.h"
 
 #include <cstdint>

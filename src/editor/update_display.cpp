@@ -52,11 +52,7 @@ void enter_new_level(App& app, EditWindow& w) {
     if (!IsNumeric(w.FreqField.Text(), app.decimal_mark())) {
         return app.MsgBox("Invalid frequency entered");
     }
-    int row = app.row;
-    if (!app.insert) {
-        table.AddRow(Str(table.ListCount()));
-        row = table.ListCount() - 1;
-    }
+    const int row = row_for_next_level(app, table);
     fill_cells_before_total(w, row);
     fill_total(app, w, row);
     fill_cells_behind_total(w, row);
@@ -84,6 +80,11 @@ void show_last_row(EditWindow& w) {
 
 void change_level(App& app, EditWindow& w) {
     const int row = app.row;
+    if (row >= w.edit_displayBox.ListCount()) {
+        throw Fault(FaultKind::out_of_bounds, "Level " + Str(row) +
+                                                  ", which was to be changed, is not in the table any more. Press "
+                                                  "\"Cancel Change\" to go on with new levels.");
+    }
     fill_cells_before_total(w, row);
     if (w.format_box.ListIndex() == 1) {
         w.edit_displayBox.SetCell(row, column::total_time, "");

@@ -3,9 +3,9 @@
 
 #include "composer/compose_window.h"
 #include "core/app.h"
-#include "core/level_table.h"
 #include "device/settings_window.h"
 #include "editor/edit_window.h"
+#include "level/level_table.h"
 #include "platform/text.h"
 
 namespace tessit {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "files/preferences_window.h"
 
-#include "core/menus.h"
 #include "files/time_defaults.h"
+#include "program/menus.h"
 
 namespace tessit {
 

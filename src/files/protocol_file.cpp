@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "files/protocol_file.h"
 
-#include "core/level_table.h"
+#include "level/level_table.h"
 
 namespace tessit {
 

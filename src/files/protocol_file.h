@@ -6,7 +6,7 @@
 // - the writer of the editor's closing prompt goes by the high frequency byte and keeps them.
 #pragma once
 
-#include "codec/register_image.h"
+#include "level/register_image.h"
 #include "platform/dialogs.h"
 #include "platform/streams.h"
 

@@ -2,9 +2,9 @@
 #include "files/settings_file.h"
 
 #include "core/app.h"
-#include "core/number.h"
 #include "device/settings_window.h"
 #include "files/preferences_window.h"
+#include "level/number.h"
 #include "platform/text.h"
 
 namespace tessit {

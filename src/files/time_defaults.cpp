@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "files/time_defaults.h"
 
-#include "core/number.h"
+#include "level/number.h"
 
 namespace tessit {
 

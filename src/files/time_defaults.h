@@ -2,7 +2,7 @@
 // The two texts of a default time, in seconds and in minutes and seconds, and how the one typed makes the other.
 #pragma once
 
-#include "core/clock_text.h"
+#include "level/clock_text.h"
 
 #include <string>
 

@@ -85,6 +85,7 @@ void Application::Quit() {
         ~Attempt() { quitting = done; }
     } attempt{quitting_};
     quitting_ = true;
+    kept_open_ = nullptr;
     std::vector<tessit::Window*> to_close;
     for (const OpenWindow& open : windows_) {
         if (open.window->design().lifetime == Lifetime::until_closed) {
@@ -94,10 +95,9 @@ void Application::Quit() {
     for (tessit::Window* window : to_close) {
         const auto is_open = [&] { return find(*window) != windows_.end(); };
         if (is_open()) {
-            window->bring_forward();
             window->Close();
         }
-        if (is_open()) {
+        if (is_open() || kept_open_ != nullptr) { // this one, or one that was to close with it
             return;
         }
     }
@@ -149,8 +149,12 @@ void Application::from_user(const std::string& handler, const std::function<void
 }
 
 void Application::end_outermost_event() {
+    tessit::Window* const kept_open = std::exchange(kept_open_, nullptr);
     if (quitting_) {
         return;
+    }
+    if (kept_open != nullptr && kept_open->Visible() && !in_front(*kept_open)) {
+        bring_to_front(*kept_open);
     }
     if (nothing_to_be_seen()) {
         show_main_window();
@@ -250,6 +254,9 @@ void Application::retire(tessit::Window& window) {
     desktop_.window_closed(window);
     if (active_ == &window) {
         active_ = nullptr;
+    }
+    if (kept_open_ == &window) {
+        kept_open_ = nullptr;
     }
     found->on_retired();
     retired_.push_back(std::move(found->window));

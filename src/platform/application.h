@@ -106,6 +106,7 @@ public:
     void open(tessit::Window& window);
     void bring_to_front(tessit::Window& window); // and active, which raises Event_Activate where it was not
     void hidden(tessit::Window& window);
+    void kept_open(tessit::Window& window) { kept_open_ = &window; } // by its own answer to being closed
     void retire(tessit::Window& window);
     void set_mouse(int x, int y);
 
@@ -130,9 +131,10 @@ private:
     Desktop& desktop_;
     std::vector<OpenWindow> windows_; // front to back
     std::vector<std::unique_ptr<tessit::Window>> retired_;
-    tessit::Window* active_ = nullptr;  // the one whose Event_Activate ran last
-    std::filesystem::path last_folder_; // of the file dialogs
-    std::optional<FolderItem> chosen_;  // the answer of the next open dialog, which is then not shown
+    tessit::Window* active_ = nullptr;    // the one whose Event_Activate ran last
+    tessit::Window* kept_open_ = nullptr; // the last one in this outermost event that did not let itself be closed
+    std::filesystem::path last_folder_;   // of the file dialogs
+    std::optional<FolderItem> chosen_;    // the answer of the next open dialog, which is then not shown
     int depth_ = 0;
     bool quitting_ = false;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/folder_item.h"
 
+#include "platform/file_kind.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -12,19 +14,18 @@ namespace tessit {
 
 namespace {
 
-Fault read_failed(const std::filesystem::path& path, const std::string& reason) {
-    return Fault(FaultKind::read_failed, "The file \"" + path.string() + "\" could not be read: " + reason + ".");
+[[noreturn]] void cannot_be_read(const std::filesystem::path& path, const std::string& reason) {
+    throw Fault(FaultKind::read_failed, "The file \"" + path.string() + "\" could not be read: " + reason + ".");
 }
 
 // A pipe without a writer would never open, and a device need have no end.
 int open_regular(const std::filesystem::path& path) {
     struct stat status {};
-    if (stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode)) {
-        throw read_failed(path, S_ISFIFO(status.st_mode)   ? "Is a pipe"
-                                : S_ISSOCK(status.st_mode) ? "Is a socket"
-                                                           : "Is a device");
+    const char* reason = stat(path.c_str(), &status) == 0 ? why_no_ordinary_file(status.st_mode) : nullptr;
+    if (reason != nullptr) {
+        cannot_be_read(path, reason);
     }
-    return open(path.c_str(), O_RDONLY | O_CLOEXEC); // a folder opens, and then does not read
+    return open(path.c_str(), O_RDONLY | O_CLOEXEC);
 }
 
 template <class Container> Container content_of(const std::filesystem::path& path, std::size_t most) {
@@ -43,17 +44,9 @@ template <class Container> Container content_of(const std::filesystem::path& pat
         close(descriptor);
     }
     if (count < 0) {
-        throw read_failed(path, std::strerror(error));
+        cannot_be_read(path, std::strerror(error));
     }
     return content;
-}
-
-template <class Stream> Ref<Stream> writer_to(const std::filesystem::path& path) {
-    auto file = FileReplacement::create(path);
-    if (file == nullptr) {
-        return Ref<Stream>::nil("The file \"" + path.string() + "\" could not be created.");
-    }
-    return std::make_unique<Stream>(std::move(file));
 }
 
 } // namespace
@@ -70,17 +63,17 @@ Ref<BinaryInputStream> FolderItem::OpenAsBinaryFile(std::size_t most) const {
 Ref<TextInputStream> FolderItem::OpenAsTextFile(std::size_t most) const {
     auto text = content_of<std::string>(path_, most + 1);
     if (text.size() > most) {
-        throw read_failed(path_, "It is longer than " + std::to_string(most) + " bytes");
+        cannot_be_read(path_, "It is longer than " + std::to_string(most) + " bytes");
     }
     return std::make_unique<TextInputStream>(std::move(text));
 }
 
 Ref<BinaryOutputStream> FolderItem::CreateBinaryFile(const std::string&) const {
-    return writer_to<BinaryOutputStream>(path_);
+    return std::make_unique<BinaryOutputStream>(FileReplacement::create(path_));
 }
 
 Ref<TextOutputStream> FolderItem::CreateTextFile() const {
-    return writer_to<TextOutputStream>(path_);
+    return std::make_unique<TextOutputStream>(FileReplacement::create(path_));
 }
 
 } // namespace tessit

@@ -37,7 +37,8 @@ public:
     Ref<TextInputStream> OpenAsTextFile(std::size_t most = any_length) const;
     static constexpr std::size_t any_length = std::numeric_limits<std::size_t>::max() / 2;
 
-    // Nil when the file can't be created. The type tells other systems what the file is; nothing here stores it.
+    // Never nil; raise Fault write_failed with the reason when the file can't be created. The type tells other systems
+    // what the file is; nothing here stores it.
     Ref<BinaryOutputStream> CreateBinaryFile(const std::string& type) const;
     Ref<TextOutputStream> CreateTextFile() const;
 

@@ -17,10 +17,12 @@ void Window::Show() {
     application_.bring_to_front(*this);
 }
 
-void Window::bring_forward() {
-    if (visible_ && !application_.in_front(*this)) {
+DialogAnswer Window::ask(const MessageDialog& question) {
+    if (!visible_ || !application_.in_front(*this)) {
+        visible_ = true;
         application_.bring_to_front(*this);
     }
+    return application_.ShowModal(question);
 }
 
 void Window::Hide() {
@@ -46,7 +48,7 @@ void Window::Close() {
     bool vetoed = false;
     raise("Event_CancelClose", [&] { vetoed = Event_CancelClose(); });
     if (vetoed) {
-        return;
+        return application_.kept_open(*this);
     }
     if (design_.lifetime == Lifetime::program) {
         return raise("Event_Close", [this] { Event_Close(); });
@@ -66,10 +68,7 @@ void Window::activate() {
 }
 
 void Window::close_by_user() {
-    application_.from_user(name() + ".Event_CancelClose", [this] {
-        bring_forward(); // what it asks and saves is about this window, wherever it stood
-        Close();
-    });
+    application_.from_user(name() + ".Event_CancelClose", [this] { Close(); });
 }
 
 void Window::move_to(int left, int top) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/control.h"
+#include "platform/dialogs.h"
 
 #include <string>
 #include <string_view>
@@ -54,6 +55,10 @@ public:
     void Hide();
     void Close(); // Event_CancelClose, then Event_Close; the object lives on until the outermost event has ended
 
+    // Asks the user something about this window, which comes to the front first, also where it was hidden or is
+    // closing: what is asked about can be seen, and shared commands work on it.
+    DialogAnswer ask(const MessageDialog& question);
+
     // The control that has the keyboard focus when the window is in front; null before any was given it.
     Control* focus_control() const { return focus_control_; }
 
@@ -77,7 +82,6 @@ private:
     void add(Control& control) { controls_.push_back(&control); }
     void set_focus_control(Control* control) { focus_control_ = control; }
     void raise(const char* event, const std::function<void()>& handler);
-    void bring_forward(); // a window that can be seen
 
     Application& application_;
     const WindowDesign design_;

@@ -66,13 +66,15 @@ public:
     }
 
     void print(const Page& page) override {
-        QPainter painter(&writer_);
-        paint_page(painter, page);
-        painter.end();
-        const auto file = FileReplacement::create(target_);
-        if (file == nullptr) {
-            fail("The file \"" + target_.string() + "\" could not be created.");
+        QPainter painter;
+        const bool begun = painter.begin(&writer_);
+        if (begun) {
+            paint_page(painter, page);
         }
+        if (!begun || !painter.end()) {
+            fail("The file \"" + target_.string() + "\" could not be written: The page could not be painted.");
+        }
+        const auto file = FileReplacement::create(target_);
         const auto* first = reinterpret_cast<const std::uint8_t*>(bytes_.data().constData());
         file->write({first, static_cast<std::size_t>(bytes_.size())});
         file->commit();

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "report/page_setup_window.h"
 
-#include "core/menus.h"
 #include "platform/text.h"
+#include "program/menus.h"
 
 namespace tessit {
 

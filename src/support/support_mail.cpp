@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "support/support_mail.h"
 
+#include "core/deployment.h"
 #include "platform/text.h"
 #include "support/contact_form.h"
-#include "support/deployment.h"
 #include "support/feedback_form.h"
 #include "support/online_help_form.h"
 

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "core/app.h"
+#include "mail/smtp_secure_socket.h"
 #include "platform/buttons.h"
 #include "platform/static_controls.h"
-#include "support/smtp_secure_socket.h"
 
 namespace tessit {
 

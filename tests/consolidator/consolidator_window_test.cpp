@@ -38,6 +38,8 @@ TEST_F(ConsolidatorTest, entries_are_added_as_typed) {
     consolidator().entryField.edit("");
     consolidator().entryField.press(keys::enter);
     EXPECT_EQ(app.numentries, 5);
+    consolidator().entryField.edit("1.5\n2.5\n"); // pasted lines
+    EXPECT_EQ(consolidator().entryField.Text(), "1.5, 2.5");
 }
 
 TEST_F(ConsolidatorTest, an_entry_behind_an_opened_list_joins_its_last_number) {
@@ -153,6 +155,13 @@ TEST_F(ConsolidatorTest, the_clipboard_serves_the_list_alone) {
     desktop.clipboard.reset(); // a picture, say
     app.choose_menu("EditPaste");
     EXPECT_EQ(list(), "1,5: 2,5 :");
+
+    app.consolidatorchanged = false;
+    consolidator().close_by_user();
+    desktop.clipboard = "4";
+    app.choose_menu("ContactUsOnlineSupport");
+    app.choose_menu("EditPaste");
+    EXPECT_EQ(app.front_window(), &consolidator()); // the list can be seen
 }
 
 TEST_F(ConsolidatorTest, save_writes_the_text_as_it_stands) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Choosing a port and loading a bank: the program on the scripted desktop against the emulated generator, both on
 // the simulated clock.
+#include "composer/compose_window.h"
+#include "consolidator/consolidator_window.h"
 #include "device/load_direct_window.h"
 #include "device/load_zephon_window.h"
 #include "device/settings_window.h"
@@ -146,6 +148,26 @@ TEST_F(LoadTest, a_table_goes_to_its_bank_and_the_generator_has_nothing_to_compl
     EXPECT_FALSE(app.popupwindow.exists());
     EXPECT_EQ(app.addresshi, 18); // the working copy is local
     EXPECT_EQ(app.addresslo, 192);
+}
+
+TEST_F(LoadTest, a_composed_table_goes_out_alike_each_time_it_is_loaded) {
+    choose_port();
+    app.Window1->activate();
+    app.choose_menu("ConsolidatorNew");
+    app.consolidatorWindow->freqdisplayfield.edit("7.83");
+    app.consolidatorWindow->composebutton.click();
+    app.composewindow->allbutton.click();
+    for (int bank = 7; bank <= 8; ++bank) {
+        app.choose_menu("ZephonLoadDirect");
+        app.load_direct_window->bank_bt0.choose(bank);
+        program.desktop.expect_message("Ready to load: \rInto Bank: 0" + Str(bank) + press_keys);
+        app.load_direct_window->LoadButton.click();
+        EXPECT_EQ(app.front_window(), &app.load_direct_window.get());
+        EXPECT_EQ(stored(generator, bank, 1), "00 1e 96 08 00 03 15 07 00 00 01 24 ff ff ff ff");
+        app.load_direct_window->close_by_user();
+        EXPECT_EQ(app.front_window(), &app.composewindow.get()); // and not the editor that came up with its name
+        generator.press_receive();
+    }
 }
 
 TEST_F(LoadTest, cancelling_the_question_sends_nothing) {

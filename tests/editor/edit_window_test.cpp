@@ -166,57 +166,5 @@ TEST_F(EditWindowTest, cancel_leaves_submit_visible_and_submit_then_appends) {
     EXPECT_EQ(program.cell(2, column::base), "7.83");
 }
 
-TEST_F(EditWindowTest, closing_asks_only_about_unsaved_changes) {
-    program.new_protocol();
-    EXPECT_TRUE(program.desktop.dialogs.empty());
-    program.enter("7.83");
-
-    program.desktop.expect_message(unsaved, DialogAnswer::cancel);
-    window().close_by_user();
-    EXPECT_TRUE(window().Visible());
-    EXPECT_TRUE(app.editchanged);
-
-    program.desktop.expect_message(unsaved, DialogAnswer::alternate);
-    window().close_by_user();
-    EXPECT_FALSE(app.editwindow.exists());
-    EXPECT_FALSE(app.editchanged);
-    EXPECT_TRUE(app.Window1->Visible());
-    const MessageDialog& dialog = program.desktop.dialogs.back();
-    EXPECT_EQ(dialog.Explanation, "If you don't save, your changes will be lost");
-    EXPECT_EQ(dialog.Icon, DialogIcon::caution);
-    EXPECT_EQ(dialog.ActionButton.Caption, "Save");
-    EXPECT_EQ(dialog.AlternateActionButton.Caption, "Don't Save");
-}
-
-TEST_F(EditWindowTest, saving_on_closing_keeps_levels_with_low_byte_255) {
-    program.enter("0.511");
-    program.desktop.expect_message(unsaved, DialogAnswer::action);
-    program.desktop.choose_file(program.desktop.folder / "closing.zp2");
-    window().close_by_user();
-    EXPECT_EQ(program.desktop.file_requests.back().default_name, "Untitled.zp2");
-    EXPECT_EQ(hex(file_bytes(program.desktop.folder / "closing.zp2")), "00 01 ff 08 00 03 15 07 00 00 01 d8");
-    EXPECT_FALSE(app.editwindow.exists());
-}
-
-TEST_F(EditWindowTest, dismissing_the_save_dialog_on_closing_loses_the_table) {
-    program.enter("7.83");
-    program.desktop.expect_message(unsaved, DialogAnswer::action);
-    program.desktop.dismiss_file_dialog();
-    window().close_by_user();
-    EXPECT_FALSE(app.editwindow.exists());
-    EXPECT_FALSE(app.editchanged);
-}
-
-TEST_F(EditWindowTest, a_failed_write_on_closing_keeps_window_and_flag) {
-    program.enter("7.83");
-    program.desktop.expect_message(unsaved, DialogAnswer::action);
-    program.desktop.choose_file("/dev/full");
-    program.desktop.expect_fault("editwindow.Event_CancelClose");
-    window().close_by_user();
-    EXPECT_TRUE(window().Visible());
-    EXPECT_TRUE(app.editchanged);
-    EXPECT_EQ(program.levels(), 1);
-}
-
 } // namespace
 } // namespace tessit::testing

@@ -369,13 +369,23 @@ TEST_F(EmulatorProgram, Announcement_ComesAndGoesHoweverTheProgramEnds) {
     }
 }
 
-TEST_F(EmulatorProgram, LinkOfAKilledGenerator_IsReplaced) {
-    fs::create_directory(link().parent_path());
-    fs::permissions(link().parent_path(), fs::perms::owner_all);
-    fs::create_symlink("/dev/pts/no-such-terminal", link());
-    Child child;
-    child.start();
-    EXPECT_EQ(fs::read_symlink(link()), child.device);
+TEST_F(EmulatorProgram, LinkOfAKilledGenerator_IsNotListedAndItsNameIsFree) {
+    for (const bool listed_between : {false, true}) {
+        Child killed;
+        killed.start();
+        killed.send_signal(SIGKILL);
+        EXPECT_EQ(killed.exit_code(), -1);
+        fs::remove(link());
+        fs::create_symlink("/dev/null", link()); // its terminal's number is another's now
+        if (listed_between) {
+            EXPECT_TRUE(announced_ports().empty());
+            EXPECT_TRUE(fs::is_empty(link().parent_path()));
+        }
+        Child child;
+        child.start();
+        EXPECT_EQ(fs::read_symlink(link()), child.device);
+        EXPECT_EQ(announced_ports().size(), 1u);
+    }
 }
 
 TEST_F(EmulatorProgram, SecondGenerator_IsListedUnderANumber) {

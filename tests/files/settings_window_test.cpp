@@ -115,7 +115,8 @@ TEST_F(Settings, a_program_folder_that_takes_no_file_is_a_fault_and_the_program_
     fs::remove(desktop.folder.path());
     desktop.expect_fault("Window1.Event_Open");
     start();
-    EXPECT_EQ(desktop.faults.front().what, "The file \"" + file.string() + "\" could not be created.");
+    EXPECT_EQ(desktop.faults.front().what,
+              "The file \"" + file.string() + "\" could not be created: No such file or directory.");
     app->choose_menu("FileExitProgram"); // no folder: nothing to save to, and no fault
     EXPECT_TRUE(desktop.has_quit);
 }

@@ -125,10 +125,10 @@ TEST_F(Controls, a_field_knows_one_line_end_or_none) {
         const char* single_line;
     };
     const Case cases[] = {
-        {"a\nb", "a\rb", "ab"},
-        {"a\r\nb", "a\rb", "ab"},
-        {"a\rb\r", "a\rb\r", "ab"},
-        {"a\r\n\nb", "a\r\rb", "ab"},
+        {"a\nb", "a\rb", "a b"},
+        {"a\r\nb", "a\rb", "a b"},
+        {"\na\rb\r", "\ra\rb\r", "a b"},
+        {"a\r\n\nb", "a\r\rb", "a b"},
     };
     for (const auto& c : cases) {
         EditField many(window, {.name = "many"}, {.multiline = true});
@@ -155,14 +155,18 @@ TEST_F(Controls, a_field_knows_one_line_end_or_none) {
 }
 
 TEST_F(Controls, a_text_raises_change_only_when_it_differs) {
-    EditField field(window, {.name = "field"}, {.text = "a", .on_text_change = [this] { ++changes; }});
+    int edits = 0;
+    EditField field(window, {.name = "field"},
+                    {.text = "a", .on_text_change = [this] { ++changes; }, .on_edit = [&] { ++edits; }});
     field.SetText("a");
     field.edit("a\n"); // no line end comes in
     EXPECT_EQ(changes_since_last(), 0);
+    EXPECT_EQ(edits, 0);
     field.SetText("b");
     field.edit("c");
     field.type("de");
     EXPECT_EQ(changes_since_last(), 4);
+    EXPECT_EQ(edits, 3) << "the user's alone";
     EXPECT_EQ(field.Text(), "cde");
 }
 

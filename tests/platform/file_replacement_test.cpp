@@ -27,7 +27,6 @@ std::span<const std::uint8_t> bytes(const std::string& text) {
 
 void save(const fs::path& file, const std::string& text) {
     auto replacement = FileReplacement::create(file);
-    ASSERT_NE(replacement, nullptr);
     replacement->write(bytes(text));
     replacement->commit();
 }
@@ -72,20 +71,36 @@ TEST(FileReplacement, what_is_dropped_or_closed_by_a_fault_leaves_the_old_file_a
     EXPECT_EQ(entries(folder.path()), 1);
 }
 
-TEST(FileReplacement, is_nil_where_no_file_can_be_made) {
+TEST(FileReplacement, where_no_file_can_be_made_the_reason_is_told) {
     const TemporaryFolder folder;
     write_file(folder / "read-only.zp2", "old");
     fs::permissions(folder / "read-only.zp2", fs::perms::owner_read | fs::perms::group_read);
     fs::create_directory(folder / "folder.zp2");
     write_file(folder / "plain", "");
     fs::create_symlink("read-only.zp2", folder / "link to read-only.zp2");
-    for (const char* name : {"read-only.zp2", "link to read-only.zp2", "folder.zp2", "missing/a.zp2", "plain/a.zp2"}) {
-        EXPECT_EQ(FileReplacement::create(folder / name), nullptr) << name;
-        EXPECT_TRUE(FolderItem(folder / name).CreateBinaryFile(".zp2").is_nil()) << name;
-        EXPECT_TRUE(FolderItem(folder / name).CreateTextFile().is_nil()) << name;
+    mkfifo((folder / "pipe.zp2").c_str(), 0600);
+    const std::pair<std::string, const char*> cases[] = {
+        {"read-only.zp2", "Permission denied"},
+        {"link to read-only.zp2", "Permission denied"},
+        {"folder.zp2", "Is a folder"},
+        {"pipe.zp2", "Is a pipe"},
+        {"missing/a.zp2", "No such file or directory"},
+        {"plain/a.zp2", "Not a directory"},
+        {std::string(252, 'a') + ".zp2", "File name too long"},
+    };
+    for (const auto& [name, reason] : cases) {
+        const std::string file = (folder / name).string();
+        try {
+            FolderItem(file).CreateBinaryFile(".zp2");
+            FAIL() << name;
+        } catch (const Fault& fault) {
+            EXPECT_EQ(fault.kind(), FaultKind::write_failed);
+            EXPECT_EQ(fault.what(), "The file \"" + file + "\" could not be created: " + reason + ".");
+        }
     }
     EXPECT_EQ(file_bytes(folder / "read-only.zp2"), "old");
-    EXPECT_EQ(entries(folder.path()), 4);
+    EXPECT_EQ(entries(folder.path()), 5);
+    save(folder / (std::string(251, 'a') + ".zp2"), "new");
 }
 
 TEST(FileReplacement, a_link_stays_a_link_and_its_target_is_replaced) {
@@ -256,18 +271,18 @@ TEST(Streams, bytes_and_texts_arrive_as_written) {
 
 TEST(Streams, what_cannot_be_read_is_a_fault_with_the_systems_reason) {
     const TemporaryFolder folder;
+    mkfifo((folder / "pipe").c_str(), 0600);
     struct Case {
         fs::path path;
         const char* reason;
     };
     const Case cases[] = {
         {folder / "missing", "No such file or directory"},
-        {folder.path(), "Is a directory"},
-        {fs::path("/proc/self/mem"), "Input/output error"}, // opens, and then does not read
-        {fs::path("/dev/zero"), "Is a device"},
+        {folder.path(), "Is a folder"},
         {folder / "pipe", "Is a pipe"},
+        {fs::path("/dev/zero"), "Is a device"},
+        {fs::path("/proc/self/mem"), "Input/output error"}, // opens, and then does not read
     };
-    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
     for (const auto& c : cases) {
         try {
             FolderItem(c.path).OpenAsBinaryFile();

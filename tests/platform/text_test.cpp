@@ -177,15 +177,15 @@ TEST(Array, both_ends_are_guarded) {
     }
 }
 
-TEST(Ref, using_nil_is_a_fault_with_its_reason) {
-    const auto nil = Ref<int>::nil("There is no such file.");
+TEST(Ref, using_nil_is_a_fault) {
+    const Ref<int> nil;
     EXPECT_TRUE(nil.is_nil());
     try {
         *nil;
         FAIL();
     } catch (const Fault& fault) {
         EXPECT_EQ(fault.kind(), FaultKind::nil_object);
-        EXPECT_STREQ(fault.what(), "There is no such file.");
+        EXPECT_STREQ(fault.what(), "An object that does not exist was used.");
     }
     EXPECT_EQ(*Ref<int>(std::make_unique<int>(7)), 7);
 }

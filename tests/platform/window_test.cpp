@@ -156,9 +156,8 @@ TEST_F(Windows, quitting_closes_all_others_from_the_front_and_shows_none_again) 
         app.second.get();
     });
     app.on["second.Event_Close"] = [&] { app.main->Show(); };
-    EXPECT_EQ(app.event([&] { app.Quit(); }),
-              "second.Event_CancelClose second.Event_Close first.Event_Activate first.Event_CancelClose "
-              "first.Event_Close panel.Event_CancelClose panel.Event_Close");
+    EXPECT_EQ(app.event([&] { app.Quit(); }), "second.Event_CancelClose second.Event_Close first.Event_CancelClose "
+                                              "first.Event_Close panel.Event_CancelClose panel.Event_Close");
     EXPECT_TRUE(desktop.has_quit);
     EXPECT_TRUE(app.quitting());
     EXPECT_EQ(app.windows(), "(main)");
@@ -171,7 +170,7 @@ TEST_F(Windows, a_veto_or_a_fault_ends_the_quitting) {
     });
     app.vetoes = {"first"};
     EXPECT_EQ(app.event([&] { app.Quit(); }),
-              "second.Event_CancelClose second.Event_Close first.Event_Activate first.Event_CancelClose");
+              "second.Event_CancelClose second.Event_Close first.Event_CancelClose first.Event_Activate");
     EXPECT_FALSE(app.quitting());
 
     app.vetoes.clear();

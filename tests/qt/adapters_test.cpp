@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "fixture.h"
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -54,11 +55,22 @@ TEST_F(Adapters, UndoTakesBackOnlyWhatTheUserTyped) {
     EXPECT_EQ(window().field.Text(), "set");
 }
 
-TEST_F(Adapters, SingleLineFieldLosesPastedLineEnds) {
+TEST_F(Adapters, LineFieldTakesWhatIsPasted) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"1234.5678", "1234.56"}, // the limit holds from the beginning
+        {"a\nb", "a b"},
+        {"a b\n", "a b"},
+        {"\n", ""},
+    };
     auto& edit = find<QLineEdit>("field");
-    edit.setText("a\nb");
-    EXPECT_EQ(window().field.Text(), "ab");
-    EXPECT_EQ(edit.text(), "ab");
+    for (const auto& [pasted, left] : cases) {
+        QGuiApplication::clipboard()->setText(QLatin1String(pasted));
+        edit.selectAll();
+        edit.paste();
+        EXPECT_EQ(window().field.Text(), left);
+        EXPECT_EQ(edit.text().toStdString(), left);
+        EXPECT_EQ(edit.displayText().toStdString(), left);
+    }
 }
 
 TEST_F(Adapters, TextFieldHoldsCarriageReturnsInside) {

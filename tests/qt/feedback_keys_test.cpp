@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The feedback form filled in with the keyboard alone.
-#include "core/main_window.h"
 #include "fixture.h"
 #include "folder_desktop.h"
+#include "program/main_window.h"
 #include "support/feedback_form.h"
 
 #include <QRadioButton>

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 // That texts fit and colours contrast: the rules one by one, and every window of the program as it is shown.
-#include "codec/register_image.h"
 #include "composer/compose_window.h"
 #include "consolidator/consolidator_window.h"
-#include "core/main_window.h"
 #include "core/popup_window.h"
 #include "device/load_direct_window.h"
 #include "device/load_zephon_window.h"
 #include "device/settings_window.h"
 #include "editor/edit_window.h"
 #include "folder_desktop.h"
+#include "level/register_image.h"
+#include "program/main_window.h"
 #include "qt/column_widths.h"
 #include "qt/control_layout.h"
 #include "qt/look.h"

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The mail forms over real sockets: to a mail server from the distribution, which stores what it gets, and to servers
 // that are absent, say nothing, hang up or refuse.
-#include "core/main_window.h"
+#include "core/deployment.h"
 #include "fixture.h"
+#include "program/main_window.h"
 #include "support/contact_form.h"
-#include "support/deployment.h"
 #include "support/feedback_form.h"
 #include "support/online_help_form.h"
 #include "support/support_mail.h"

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // From the window to the paper: prints to PDF files and reads back with another program what stands where.
 #include "core/app.h"
-#include "core/level_table.h"
 #include "dialog_driver.h"
 #include "editor/edit_window.h"
 #include "folder_desktop.h"
+#include "level/level_table.h"
 #include "platform/text.h"
 #include "report/page_setup_window.h"
 #include "support/full_disk.h"

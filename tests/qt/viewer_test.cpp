@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The help window with small documents: links, finding, zoom, keys, copying, and documents that are missing.
-#include "core/main_window.h"
 #include "fixture.h"
 #include "folder_desktop.h"
+#include "program/main_window.h"
 #include "qt/html_viewer_widget.h"
 #include "support/help_window.h"
 

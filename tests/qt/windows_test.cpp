@@ -83,6 +83,27 @@ TEST_F(Windows, ClosingIsTheProgramsDecision) {
     EXPECT_EQ(app.log, (Log{"cancel close", "cancel close"}));
 }
 
+TEST_F(Windows, OpensAgainAsItWasAndWhereThereIsAScreen) {
+    const QRect screen = widget->screen()->availableGeometry();
+    const QRect place(70, 90, 420, 390);
+    const auto reopen = [&] {
+        app.window.Close();
+        app.window->Show();
+        widget = desktop.widget_of(app.window.get());
+    };
+    widget->setGeometry(place);
+    reopen();
+    EXPECT_EQ(widget->geometry(), place);
+    widget->showMaximized();
+    reopen();
+    EXPECT_TRUE(widget->isMaximized());
+    widget->showNormal();
+    EXPECT_TRUE(eventually([&] { return widget->geometry() == place; }));
+    widget->move(screen.bottomRight() * 5); // a screen that is taken away
+    reopen();
+    EXPECT_TRUE(screen.contains(widget->geometry()));
+}
+
 TEST_F(Windows, WhileAHandlerRunsClosingIsRefused) {
     window().on_button = [this] { widget->close(); };
     QTest::mouseClick(&find<QPushButton>("button"), Qt::LeftButton);

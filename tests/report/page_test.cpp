@@ -2,7 +2,7 @@
 // The printed page: where each text stands, in which font.
 #include "report/page.h"
 
-#include "core/level_table.h"
+#include "level/level_table.h"
 #include "platform/text.h"
 
 #include <gtest/gtest.h>

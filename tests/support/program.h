@@ -3,9 +3,9 @@
 #pragma once
 
 #include "core/app.h"
-#include "core/main_window.h"
 #include "core/popup_window.h"
 #include "editor/edit_window.h"
+#include "program/main_window.h"
 #include "support/scripted_desktop.h"
 
 #include <gtest/gtest.h>
