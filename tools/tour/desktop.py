@@ -39,7 +39,8 @@ class Control:
 
     @property
     def role(self):
-        return self._read(Atspi.Accessible.get_role_name, "")
+        role = self._read(Atspi.Accessible.get_role_name, "")
+        return "push button" if role == "button" else role  # what Debian 13 calls it
 
     @property
     def name(self):
