@@ -20,7 +20,7 @@ namespace {
 
 // A pipe without a writer would never open, and a device need have no end.
 int open_regular(const std::filesystem::path& path) {
-    struct stat status {};
+    struct stat status = {};
     const char* reason = stat(path.c_str(), &status) == 0 ? why_no_ordinary_file(status.st_mode) : nullptr;
     if (reason != nullptr) {
         cannot_be_read(path, reason);

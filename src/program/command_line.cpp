@@ -3,6 +3,7 @@
 
 #include <cstdio>
 #include <getopt.h>
+#include <system_error>
 
 namespace tessit {
 
@@ -23,7 +24,12 @@ CommandLine read_command_line(int argc, char* argv[]) {
         std::fprintf(stderr, "%s: only one file can be given\n", argv[0]);
         return {.wish = none};
     }
-    return argc == optind ? CommandLine{} : CommandLine{.file = argv[optind]};
+    if (argc == optind) {
+        return {};
+    }
+    std::error_code error; // an empty name has no absolute one, and is then told as it is
+    const auto file = std::filesystem::absolute(argv[optind], error);
+    return {.file = file};
 }
 
 } // namespace tessit
