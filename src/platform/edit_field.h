@@ -25,7 +25,7 @@ struct EditFieldDesign {
     // Any key but a bare modifier; the text is empty for a shortcut and a key without a character. True: used up.
     std::function<bool(const std::string& key)> on_key_down{};
     std::function<void()> on_text_change{};
-    std::function<void()> on_edit{}; // the user changed the text, by whatever means; behind the change
+    std::function<void()> on_edit{}; // the user changed the text, by whatever means; after the change
     std::function<void()> on_lost_focus{};
 };
 

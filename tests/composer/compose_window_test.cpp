@@ -138,7 +138,7 @@ TEST_F(ComposerTest, seconds_show_the_latest_row_alone) {
 TEST_F(ComposerTest, a_changed_row_keeps_its_place_and_turns_a_sweep_round) {
     compose("300, 200");
     composer().freq_field.edit("250");
-    composer().wavebox.choose(composer_wave::sweep_increasing);
+    composer().wavebox.choose(4); // the editor has it at 3
     composer().widthbox.choose(5);
     composer().enterbutton.click();
     EXPECT_EQ(level(1).substr(0, 35), "1|Sweep Increasing|250|5|6|:10|1:00");

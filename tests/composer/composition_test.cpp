@@ -44,11 +44,4 @@ TEST(Composition, bank_totals) {
               (ClockTime{.hours = 1, .minutes = 1, .seconds = 0}));
 }
 
-TEST(Composition, a_sweep_comes_back_turned_round) {
-    EXPECT_EQ(loaded_back_wave("Sweep Increasing"), composer_wave::sweep_decreasing);
-    EXPECT_EQ(loaded_back_wave("sweep decreasing"), composer_wave::sweep_increasing);
-    EXPECT_EQ(loaded_back_wave("Spread Expanding"), composer_wave::spread_expanding);
-    EXPECT_EQ(loaded_back_wave(""), -1);
-}
-
 } // namespace tessit

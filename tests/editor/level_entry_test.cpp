@@ -8,12 +8,7 @@
 namespace tessit {
 namespace {
 
-TEST(LevelEntry, frequencies_follow_wave_and_width) {
-    EXPECT_EQ(frequencies_text(wave_index::single_frequency, 9), "1");
-    EXPECT_EQ(frequencies_text(wave_index::spread_contracting, 4), "9");
-    EXPECT_EQ(frequencies_text(wave_index::sweep_decreasing, 4), "5");
-    EXPECT_EQ(frequencies_text(-1, 4), ""); // a wave text that is in no list
-
+TEST(LevelEntry, widths_follow_wave_and_frequencies) {
     EXPECT_EQ(width_index("spread expanding", 9), 4);
     EXPECT_EQ(width_index("Sweep Increasing", 5), 5); // not 4: the width column corrects it
     EXPECT_EQ(width_index("Single Frequency", 1), 1);
