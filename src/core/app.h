@@ -57,9 +57,6 @@ public:
     void consolidatorsortup();
     void consolidatorsortdn();
     void removeduplicates();
-    bool _ConsolidatorNew_Action();
-    bool _ConsolidatorOpen_Action();
-    bool _ConsolidatorQuit_Action();
 
     Instance<ConsolidatorWindow> consolidatorWindow{*this};
 
@@ -147,6 +144,9 @@ public:
     bool _EditMakeallSine_Action();
     bool _EditMakeallSquare_Action();
     bool _EditEditProtocol_Action();
+    bool _ConsolidatorNew_Action();
+    bool _ConsolidatorOpen_Action();
+    bool _ConsolidatorQuit_Action();
     bool _SettingsSaveSettings_Action();
     bool _Untitled_Action() { return true; } // stands behind a name that no entry carries
 

@@ -105,6 +105,10 @@ void propose_file_name(QPrintDialog& dialog) {
 
 } // namespace
 
+std::unique_ptr<Graphics> system_printer(QPrinter& printer) {
+    return std::make_unique<SystemPrinter>(printer);
+}
+
 PrinterChoice::PrinterChoice() = default;
 PrinterChoice::~PrinterChoice() = default;
 
@@ -127,7 +131,7 @@ std::unique_ptr<Graphics> PrinterChoice::ask(QWidget* parent) {
     if (printer_->outputFormat() == QPrinter::PdfFormat) {
         return std::make_unique<PdfFile>(*printer_);
     }
-    return std::make_unique<SystemPrinter>(*printer_);
+    return system_printer(*printer_);
 }
 
 } // namespace tessit::qt

@@ -4,16 +4,6 @@
 
 #include "qt/file_dialogs.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTimer>
-
 namespace tessit::qt {
 
 namespace {

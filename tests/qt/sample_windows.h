@@ -10,13 +10,17 @@
 #include "platform/static_controls.h"
 #include "platform/text.h"
 #include "qt/qt_desktop.h"
+#include "support/scripted_desktop.h"
 
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 #include <functional>
 #include <string>
 #include <vector>
 
 namespace tessit::qt {
+
+using testing::joined;
 
 using Log = std::vector<std::string>;
 
