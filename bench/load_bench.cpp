@@ -26,16 +26,16 @@ namespace {
 constexpr int bank = 7;
 
 // docs/wire-format.md, stated once more so that a wrong wait of the program shows.
-constexpr Microseconds wait_behind_a_call = 10'000;
+constexpr Microseconds wait_after_a_call = 10'000;
 constexpr Microseconds waits_of_a_level = 10'000 + 10'000 + 11 * 5'000 + 4 * 5'000;
-constexpr Microseconds wait_behind_a_miss = 1'000;
+constexpr Microseconds wait_after_a_miss = 1'000;
 
 Microseconds fixed_waits(const LoadRecord& load) {
-    return load.calls * wait_behind_a_call + 50 * waits_of_a_level;
+    return load.calls * wait_after_a_call + 50 * waits_of_a_level;
 }
 
 Microseconds all_waits(const LoadRecord& load) {
-    return fixed_waits(load) + load.misses * wait_behind_a_miss;
+    return fixed_waits(load) + load.misses * wait_after_a_miss;
 }
 
 class LoadingDesktop : public qt::QtDesktop {
@@ -196,7 +196,7 @@ long number_behind(const QString& line, const char* word) {
 
 // Over all loads of a way, as the emulator saw them.
 void print_gaps(const Way& way) {
-    std::puts("\n| Wait behind | Prescribed, us | Waits | Least slack, us | Median gap, us | Longest "
+    std::puts("\n| Wait after | Prescribed, us | Waits | Least slack, us | Median gap, us | Longest "
               "gap, us |");
     std::puts("|---|---|---|---|---|---|");
     for (const char* name : {"call", "address_high", "first_byte", "further_byte", "padding"}) {

@@ -39,7 +39,7 @@ enum class FailureMode {
     sending_byte_lost,      // The byte at the offset does not arrive.
     sending_byte_doubled,   // It arrives twice.
     sending_byte_flipped,   // All its bits are inverted.
-    sending_stops,          // It and all behind it are not sent.
+    sending_stops,          // It and all after it are not sent.
     sending_hang_up,        // The line hangs up in its place.
 };
 

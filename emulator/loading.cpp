@@ -259,7 +259,7 @@ void LoadingDialogue::send_acknowledge(const AcknowledgeFailures& failures, Micr
 }
 
 // A call in the middle of a load: the program gave that load up and tries again. Where the byte could also belong to
-// the load, it is a call only behind an acknowledge that failed.
+// the load, it is a call only after an acknowledge that failed.
 bool LoadingDialogue::begins_anew(Byte byte) const {
     const bool between_levels = phase_ == Phase::address_high && level_ > 1;
     const bool before_record = phase_ == Phase::record && position_ == 0;

@@ -74,7 +74,7 @@ private:
     bool times_are_old_ = true; // the next call begins a new load's records
     bool stray_reported_ = false;
     bool excused_ = false;            // in this load an answer failed: the sender may rightly give up
-    bool acknowledge_failed_ = false; // in this load: behind an acknowledge a new call may come
+    bool acknowledge_failed_ = false; // in this load: after an acknowledge a new call may come
     int unheard_calls_ = 0;
     int calls_since_answer_ = 0;
     int level_ = 0;   // 1 to 50 within a load

@@ -57,7 +57,7 @@ std::string shortfall(const Gap& gap);
 
 class Pacing {
 public:
-    // Takes in a byte behind which `next` is due, and gives the gap before it; none before the first byte, where no
+    // Takes in a byte after which `next` is due, and gives the gap before it; none before the first byte, where no
     // wait was due, or when the clock stepped backwards.
     std::optional<Gap> arrive(Arrival arrival, int level, Wait next);
 

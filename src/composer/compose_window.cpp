@@ -3,14 +3,19 @@
 
 #include "composer/grouping.h"
 #include "consolidator/consolidator_window.h"
-#include "editor/level_entry.h"
-#include "files/protocol_file.h"
-#include "program/main_window.h"
-#include "program/menus.h"
+#include "core/enable_rules.h"
+#include "core/level_rows.h"
 
 namespace tessit {
 
 namespace {
+
+const EnableRules rules{
+    .enables = {"ConsolidatorQuit", "HelpOpenHelpFile", "HelpDisplayManual", "FilePrint", "FilePageSetup", "FileSave",
+                "FileExport", "EditDeleteRow", "EditInsertRow", "ZephonLoadDirect"},
+    .disables = {"ConsolidatorNew", "ConsolidatorOpen", "FileOpen", "FileCreateNewFile", "FileQuitEditor", "EditCut",
+                 "EditCopy", "EditPaste", "ZephonLoadFromFile", "SettingsSaveSettings"},
+};
 
 constexpr Color unused_cell{0xFFFFFF};
 
@@ -42,7 +47,7 @@ void ComposeWindow::Event_Activate() {
 }
 
 void ComposeWindow::Event_EnableMenuItems() {
-    enable_rules::composewindow.apply(app.MenuBar1);
+    rules.apply(app.MenuBar1);
 }
 
 void ComposeWindow::show_time(TimeForm form) {
@@ -66,7 +71,7 @@ bool ComposeWindow::freq_listBox_CellClick(int row, int column) {
     }
     if (column == prime_column::prime) {
         timefield.SetText(seconds ? app.default_sf_time_s : app.default_sf_time_ms);
-        wavebox.SetListIndex(composer_wave::single_frequency); // behind the time: its change has the last word on it
+        wavebox.SetListIndex(single_frequency_index); // after the time: its change has the last word on it
     }
     widthbox.SetListIndex(truncate(app.strintR(freq_listBox.Cell(row, prime_column::width))));
     return false;
@@ -102,16 +107,16 @@ void ComposeWindow::compose_displayBox_DoubleClick() {
     const int row = compose_displayBox.ListIndex();
     const auto cell = [&](int index) -> const std::string& { return compose_displayBox.Cell(row, index); };
     freq_field.SetText(cell(column::base));
-    if (const int wave = loaded_back_wave(cell(column::waveform)); wave >= 0) {
-        wavebox.SetListIndex(wave);
+    if (const Wave* wave = wave_with_text(cell(column::waveform))) {
+        wavebox.SetListIndex(static_cast<int>(wave - waves.data())); // the editor's index, which turns a sweep round
     }
     widthbox.SetListIndex(truncate(app.strintR(cell(column::width)) / 10.0)); // 0 for each of the digits
     timefield.SetText(cell(column::time_each));
-    choose_text(pulsebox, cell(column::pulse));
+    pulsebox.ChooseText(cell(column::pulse));
     ratebox.SetText(cell(column::rate));
     dutybox.SetListIndex(truncate(app.strintR(cell(column::duty_cycle)) / 10.0));
-    choose_text(shapebox, cell(column::wave_shape));
-    choose_text(outputbox, cell(column::output));
+    shapebox.ChooseText(cell(column::wave_shape));
+    outputbox.ChooseText(cell(column::output));
     app.level = row;
 }
 
@@ -120,11 +125,37 @@ bool ComposeWindow::compose_displayBox_CellClick() {
     return false;
 }
 
-EncodingRules ComposeWindow::encoding_rules() {
-    return {.time_form = formatbox.ListIndex() == 0 ? TimeForm::seconds : TimeForm::clock,
-            .comma = app.use_euro ? CommaRule::becomes_point : CommaRule::stays,
-            .rate = RateRule::high_byte_by_255,
-            .blank_rows = BlankRows::encoded};
+std::optional<LevelTable> ComposeWindow::level_table() {
+    return LevelTable{.rows = compose_displayBox,
+                      .last_level = compose_displayBox.LastIndex(),
+                      .rules = {.time_form = formatbox.ListIndex() == 0 ? TimeForm::seconds : TimeForm::clock,
+                                .comma = app.use_euro ? CommaRule::becomes_point : CommaRule::stays,
+                                .rate = RateRule::high_byte_by_255,
+                                .blank_rows = BlankRows::encoded},
+                      .total_frequencies = totalfreqfield,
+                      .total_time = totaltimefield};
+}
+
+void ComposeWindow::save() {
+    app.filename = namefield.Text();
+    app.save_document(this);
+    app.composechanged = false; // also when the dialog was dismissed
+}
+
+void ComposeWindow::delete_selected_level() {
+    remove_selected_level(compose_displayBox); // the totals stay as they were
+}
+
+Insertion ComposeWindow::insert_level() {
+    if (compose_displayBox.ListIndex() > 0) {
+        if (open_row_above_selected(app, compose_displayBox) == Insertion::table_full) {
+            return Insertion::table_full;
+        }
+        compose_displayBox.SetListIndex(app.row);
+        compose_displayBox.SetScrollPosition(compose_displayBox.ListCount() - 7);
+    }
+    app.insert = true; // also where nothing was selected, unlike the editor
+    return Insertion::done;
 }
 
 bool ComposeWindow::Event_CancelClose() {
@@ -141,13 +172,18 @@ bool ComposeWindow::Event_CancelClose() {
     app.composechanged = false;
     app.composed = false;
     app.composelevel = 0;
-    app.Window1->Show();
+    app.show_main_window();
     return false;
 }
 
 void ComposeWindow::Event_Close() {
     app.consolidatorWindow.Close(); // hidden since it handed its list over
-    app.Window1->Show();
+    app.show_main_window();
+}
+
+void App::open_composer() {
+    composewindow->Show();
+    compose();
 }
 
 double App::diff(double a, double b) {

@@ -6,6 +6,8 @@
 #include "composer/composition.h"
 #include "core/app.h"
 #include "core/document_window.h"
+#include "level/level_table.h"
+#include "level/waves.h"
 #include "platform/buttons.h"
 #include "platform/choice.h"
 #include "platform/edit_field.h"
@@ -22,16 +24,16 @@ inline constexpr int center = 2;
 inline constexpr int count = 3;
 } // namespace prime_column
 
-class ComposeWindow : public Window, public DocumentWindow {
+class ComposeWindow : public DocumentWindow {
 public:
     explicit ComposeWindow(App& owner)
-        : Window(owner, {.name = "composewindow",
-                         .title = "Protocol Composer",
-                         .width = 938,
-                         .height = 490,
-                         .color = {0xFFFFFF},
-                         .frame = WindowFrame::document,
-                         .opening = Opening::shows_itself}),
+        : DocumentWindow(owner, {.name = "composewindow",
+                                 .title = "Protocol Composer",
+                                 .width = 938,
+                                 .height = 490,
+                                 .color = {0xFFFFFF},
+                                 .frame = WindowFrame::document,
+                                 .opening = Opening::shows_itself}),
           app(owner) {}
 
     StaticText list_caption{*this, {.name = "list_caption", .place = {57, 20, 120, 20}}, {.text = "Frequencies:"}};
@@ -56,12 +58,10 @@ public:
     StaticText freq_caption{*this, {.name = "freq_caption", .place = {284, 42, 92, 20}}, {.text = "Base Frequency"}};
     EditField freq_field{*this, {.name = "freq_field", .place = {284, 64, 80, 22}, .label = "Base Frequency"}};
     StaticText wave_caption{*this, {.name = "wave_caption", .place = {380, 42, 137, 20}}, {.text = "Wavetype"}};
-    ComboBox wavebox{*this,
-                     {.name = "wavebox", .place = {380, 64, 137, 20}, .label = "Wavetype"},
-                     {.items = {"Single Frequency", "Spread Contracting", "Spread Expanding", "Sweep Decreasing",
-                                "Sweep Increasing"},
-                      .list_index = 0,
-                      .on_change = [this] { wavebox_Change(); }}};
+    ComboBox wavebox{
+        *this,
+        {.name = "wavebox", .place = {380, 64, 137, 20}, .label = "Wavetype"},
+        {.items = wave_texts(composer_wave_order), .list_index = 0, .on_change = [this] { wavebox_Change(); }}};
     StaticText width_caption{*this, {.name = "width_caption", .place = {545, 42, 60, 20}}, {.text = "Width"}};
     ComboBox widthbox{*this,
                       {.name = "widthbox", .place = {545, 64, 40, 20}, .label = "Width", .enabled = false},
@@ -131,9 +131,12 @@ public:
     void enterbutton_Action();
     void allbutton_Action();
 
-    const Listbox& level_table() override { return compose_displayBox; }
-    int last_level_row() override { return compose_displayBox.LastIndex(); }
-    EncodingRules encoding_rules() override;
+    EditField& name_field() override { return namefield; }
+    std::optional<LevelTable> level_table() override;
+    const Listbox* table_to_export() override { return &compose_displayBox; }
+    void save() override;
+    void delete_selected_level() override;
+    Insertion insert_level() override;
 
 private:
     void show_time(TimeForm form); // the remembered one of the present wave

@@ -8,10 +8,6 @@ namespace tessit {
 
 namespace {
 
-float number(const std::string& text) {
-    return read_number(characters(text));
-}
-
 std::int32_t times(std::int32_t value, float frequencies) {
     return truncate(value * static_cast<double>(frequencies));
 }
@@ -36,25 +32,13 @@ void add_cell(ClockTime& total, const std::string& cell) {
 
 } // namespace
 
-int loaded_back_wave(const std::string& waveform) {
-    static constexpr const char* editor_order[] = {"Single Frequency", "Spread Contracting", "Spread Expanding",
-                                                   "Sweep Increasing", "Sweep Decreasing"};
-    for (int index = 0; const char* wave : editor_order) {
-        if (same_text(waveform, wave)) {
-            return index;
-        }
-        ++index;
-    }
-    return -1;
-}
-
 ClockTime minutes_and_seconds(const std::string& time) {
     const Array<std::string> pieces = Split(time, ":");
     if (pieces.count() < 2) {
         throw Fault(FaultKind::out_of_bounds,
                     "The time \"" + time + "\" has no colon. In the format MM:SS a time is written like 3:00 or :10.");
     }
-    return {.hours = 0, .minutes = truncate(number(pieces[0])), .seconds = truncate(number(pieces[1]))};
+    return {.hours = 0, .minutes = truncate(read_number(pieces[0])), .seconds = truncate(read_number(pieces[1]))};
 }
 
 ClockTime row_total(const ClockTime& each, float frequencies, RowCarry carry) {

@@ -11,19 +11,6 @@
 
 namespace tessit {
 
-// The composer's own order of waves; the editor has the two sweeps the other way round.
-namespace composer_wave {
-inline constexpr int single_frequency = 0;
-inline constexpr int spread_contracting = 1;
-inline constexpr int spread_expanding = 2;
-inline constexpr int sweep_decreasing = 3;
-inline constexpr int sweep_increasing = 4;
-} // namespace composer_wave
-
-// The index that a row's text brings back; -1 for a text that is no wave. It is the editor's index, so a sweep comes
-// back with its direction turned round.
-int loaded_back_wave(const std::string& waveform);
-
 // Minutes and seconds of "1:30", cut to whole numbers. Fault out_of_bounds without a colon.
 ClockTime minutes_and_seconds(const std::string& time);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The composer's two entry actions: one level from the entry fields, or one for every prime.
 #include "composer/compose_window.h"
+#include "core/level_rows.h"
 #include "editor/edit_window.h"
 #include "editor/level_entry.h"
 
@@ -59,8 +60,8 @@ ClockTime ComposeWindow::fill_row(int row, const std::string& frequency, RowCarr
     const int wave = wavebox.ListIndex();
     table.SetCell(row, column::waveform, wavebox.Text());
     table.SetCell(row, column::base, frequency);
-    table.SetCell(row, column::width, wave == composer_wave::single_frequency ? "1" : widthbox.Text());
-    table.SetCell(row, column::frequencies, frequencies_text(wave, widthbox.ListIndex()));
+    table.SetCell(row, column::width, wave == single_frequency_index ? "1" : widthbox.Text());
+    table.SetCell(row, column::frequencies, frequencies_text(composer_wave_order, wave, widthbox.ListIndex()));
     table.SetCell(row, column::time_each, timefield.Text());
     ClockTime total;
     if (formatbox.ListIndex() == 0) {

@@ -1,16 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "consolidator/consolidator_window.h"
 
-#include "composer/compose_window.h"
 #include "consolidator/frequency_list.h"
-#include "consolidator/list_file.h"
-#include "core/document_window.h"
+#include "core/enable_rules.h"
 #include "core/enter_key.h"
-#include "files/protocol_file.h"
-#include "program/main_window.h"
-#include "program/menus.h"
+#include "files/list_file.h"
 
 namespace tessit {
+
+namespace {
+
+const EnableRules rules{
+    .enables = {"FilePageSetup", "FilePrint", "FileSave", "EditCut", "EditCopy", "EditPaste", "ConsolidatorQuit"},
+    .disables = {"EditInsertRow", "EditDeleteRow", "ZephonLoadDirect", "ZephonLoadFromFile", "SettingsSaveSettings",
+                 "FileQuitEditor", "FileCreateNewFile", "FileOpen"},
+};
+
+} // namespace
 
 void ConsolidatorWindow::Event_Open() {
     app.myactivewindow = document::consolidator;
@@ -20,7 +26,7 @@ void ConsolidatorWindow::Event_Open() {
     app.dataentry = false;
     app.composed = false;
     app.numentries = 0;
-    app.Window1->Hide();
+    app.hide_main_window();
     freqdisplayfield.SetText("");
     (app.use_euro ? isoDecimal : naDecimal).SetValue(true);
     set_up_report_columns(app);
@@ -36,7 +42,7 @@ void ConsolidatorWindow::Event_Activate() {
 }
 
 void ConsolidatorWindow::Event_EnableMenuItems() {
-    enable_rules::consolidatorWindow.apply(app.MenuBar1);
+    rules.apply(app.MenuBar1);
     if (app.dataentry) {
         composebutton.SetEnabled(true);
         composebutton.SetVisible(true);
@@ -48,7 +54,7 @@ bool ConsolidatorWindow::entryField_KeyDown(const std::string& key) {
     if (!is_enter_key(key)) {
         return false;
     }
-    if (app.numentries > 0) { // entries counted, not text: behind an opened list the first one joins its last number
+    if (app.numentries > 0) { // entries counted, not text: after an opened list the first one joins its last number
         freqdisplayfield.SetText(freqdisplayfield.Text() + typed_separator(app.decimal_mark()));
     }
     freqdisplayfield.SetText(freqdisplayfield.Text() + entryField.Text());
@@ -70,8 +76,7 @@ void ConsolidatorWindow::freqdisplayfield_TextChange() {
 void ConsolidatorWindow::composebutton_Action() {
     app.loadarray();
     Hide();
-    app.composewindow->Show();
-    app.compose();
+    app.open_composer();
 }
 
 void ConsolidatorWindow::naDecimal_Action() {
@@ -91,12 +96,29 @@ bool ConsolidatorWindow::Event_CancelClose() {
             return true;
         }
         if (answer == DialogAnswer::action) {
-            save_frequency_list(app); // a dismissed file dialog loses the list without further word
+            save(); // a dismissed file dialog loses the list without further word
         }
     }
     forget_list();
-    app.Window1->Show();
+    app.show_main_window();
     return false;
+}
+
+// A dismissed file dialog leaves the change flags, but the file name is already the list's.
+void ConsolidatorWindow::save() {
+    app.filetype = list_extension;
+    app.filename = nameField.Text() + list_extension;
+    const auto file = app.GetSaveFolderItem(list_file_type_for_saving(), app.filename);
+    if (!file) {
+        return;
+    }
+    app.filename = file->AbsolutePath();
+    app.filepath = file->Parent();
+    auto stream = file->CreateTextFile();
+    stream->WriteLine(freqdisplayfield.Text());
+    stream->Close();
+    app.consolidatorchanged = false;
+    app.changed = false;
 }
 
 void ConsolidatorWindow::forget_list() {
@@ -113,26 +135,7 @@ void ConsolidatorWindow::Event_Close() {
     for (const char* entry : {"EditCut", "EditCopy", "EditPaste"}) {
         menu_item(entry).SetEnabled(false);
     }
-    app.Window1->Show();
-}
-
-bool App::_ConsolidatorNew_Action() {
-    consolidatorWindow->Show();
-    return true;
-}
-
-bool App::_ConsolidatorQuit_Action() {
-    if (consolidatorchanged) {
-        const auto answer = consolidatorWindow->ask(save_question("Do you want to save your work before quitting?"));
-        if (answer != DialogAnswer::alternate) {
-            return true; // "Save" saves nothing: the list stays where it is, for the Save command
-        }
-    }
-    consolidatorWindow->forget_list();
-    consolidatorWindow.Close();
-    composewindow.Close();
-    Window1->Show();
-    return true;
+    app.show_main_window();
 }
 
 } // namespace tessit

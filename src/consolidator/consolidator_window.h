@@ -3,22 +3,24 @@
 // opened from a file. The text of `freqdisplayfield` is the list; nothing in it is checked.
 #pragma once
 
+#include "consolidator/frequency_list.h"
 #include "core/app.h"
+#include "core/document_window.h"
 #include "platform/buttons.h"
 #include "platform/edit_field.h"
 #include "platform/static_controls.h"
 
 namespace tessit {
 
-class ConsolidatorWindow : public Window {
+class ConsolidatorWindow : public DocumentWindow {
 public:
     explicit ConsolidatorWindow(App& owner)
-        : Window(owner, {.name = "consolidatorWindow",
-                         .title = "Frequency Consolidator",
-                         .width = 765,
-                         .height = 421,
-                         .frame = WindowFrame::document,
-                         .opening = Opening::shows_itself}),
+        : DocumentWindow(owner, {.name = "consolidatorWindow",
+                                 .title = "Frequency Consolidator",
+                                 .width = 765,
+                                 .height = 421,
+                                 .frame = WindowFrame::document,
+                                 .opening = Opening::shows_itself}),
           app(owner) {}
 
     StaticText StaticText1{*this, {.name = "StaticText1", .place = {20, 16, 250, 20}}, {.text = "Enter Frequencies:"}};
@@ -27,7 +29,8 @@ public:
                           .place = {20, 38, 250, 24},
                           .label = "Enter Frequencies",
                           .help_tag = "Type a frequency and press Return to add it to the list"},
-                         {.on_key_down = [this](const std::string& key) { return entryField_KeyDown(key); }}};
+                         {.line_end = [this] { return std::string(typed_separator(app.decimal_mark())); },
+                          .on_key_down = [this](const std::string& key) { return entryField_KeyDown(key); }}};
     StaticText StaticText19{*this, {.name = "StaticText19", .place = {290, 76, 120, 20}}, {.text = "Frequency List:"}};
     EditField freqdisplayfield{
         *this,
@@ -74,6 +77,10 @@ public:
     void composebutton_Action();
     void naDecimal_Action();
     void isoDecimal_Action();
+
+    EditField& name_field() override { return nameField; }
+    const EditField* list() override { return &freqdisplayfield; }
+    void save() override;
 
     void forget_list(); // without a word: the fields and what is known of the list
 

@@ -51,7 +51,7 @@ FrequencyList read_frequency_list(std::string_view text, DecimalMark mark) {
         if (mark == DecimalMark::comma) {
             entry = Replace(entry, ",", "."); // the first one alone
         }
-        list.numbers[i] = read_number(characters(entry));
+        list.numbers[i] = read_number(entry);
     }
     return list;
 }

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-// App's commands on the frequency list: parsing, sorting, removal, and the clipboard.
+// App's commands on the frequency list: parsing, sorting, removal.
 #include "consolidator/consolidator_window.h"
 #include "consolidator/frequency_list.h"
-#include "platform/clipboard.h"
 
 namespace tessit {
 
@@ -56,37 +55,6 @@ void App::removeduplicates() {
     EditField& report = consolidatorWindow->duplicatefield;
     report.SetText(report.Text() + duplicates_report(result)); // behind the reports of earlier removals
     intarray = std::move(result.numbers);
-}
-
-bool App::_EditCopy_Action() {
-    Clipboard clipboard(desktop());
-    clipboard.SetText(list_of(*this).SelText());
-    clipboard.Close();
-    return true;
-}
-
-bool App::_EditCut_Action() {
-    Clipboard clipboard(desktop());
-    clipboard.SetText(list_of(*this).SelText());
-    list_of(*this).SetSelText("");
-    clipboard.Close();
-    return true;
-}
-
-bool App::_EditPaste_Action() {
-    Clipboard clipboard(desktop());
-    if (clipboard.TextAvailable()) {
-        EditField& list = list_of(*this);
-        list.SetText(clipboard.Text()); // in place of the whole list, whatever is selected
-        const char last = list.Text().empty() ? '\0' : list.Text().back();
-        if (use_euro && last != ':') {
-            list.SetText(list.Text() + " :");
-        } else if (!use_euro && last != ',') {
-            list.SetText(list.Text() + ",");
-        }
-    }
-    clipboard.Close();
-    return true;
 }
 
 } // namespace tessit

@@ -7,6 +7,7 @@
 #include "platform/application.h"
 
 #include <string>
+#include <string_view>
 
 namespace tessit {
 
@@ -38,66 +39,35 @@ public:
     App(Desktop& desktop, const Version& version);
     ~App() override { free_windows(); }
 
-    // core: start and end, the number reader, the menus.
-    void start(); // the entry's steps: binds the menu commands and opens Window1
+    // core: the number reader, the register image.
     float strintR(const std::string& text);
-    bool getrts() { return false; }
-    DocumentWindow* front_document(); // by myactivewindow, made where it is closed; null where no table is meant
-    void save_settings_and_quit();    // a fault in the saving is shown and does not keep the program running
-
-    Instance<MainWindow> Window1{*this};
-    Instance<PopupWindow> popupwindow{*this};
-
-    // codec: the table to and from the register image.
     void datareset();
     void load_data_array();                         // of the document in front
     void encode_document(DocumentWindow* document); // null: the image is left empty
-    void displaydata(std::int32_t level);
 
-    // files: protocol and settings files.
-    void loaddata(const std::optional<FolderItem>& file);
-    void writefile(Ref<BinaryOutputStream>& stream);
-    void writezpFile(); // of the document in front
-    void save_document(DocumentWindow* document);
-    std::optional<FolderItem> FSaveAs();
-    void savesettings();
-    bool _FileCreateNewFile_Action();
-    bool _FileOpen_Action();
-    bool _FileSave_Action();
-    bool _FileExport_Action();
-    bool _FileQuitEditor_Action();
-    bool _FileExitProgram_Action();
-    bool _SettingsSaveSettings_Action();
+    Instance<PopupWindow> popupwindow{*this};
+
+    // files: the preferences.
     bool _SettingsSetPreferences_Action();
 
     Instance<PreferencesWindow> SetPreferencesWindow{*this};
 
-    // editor: level entry and the commands on rows.
-    void Update_display();
-    bool _EditDeleteRow_Action();
-    bool _EditInsertRow_Action();
-    bool _EditMakeallSine_Action();
-    bool _EditMakeallSquare_Action();
-    bool _EditEditProtocol_Action();
-    bool _Untitled_Action() { return true; } // stands behind a name that no entry carries
-
-    Instance<EditWindow> editwindow{*this};
-
-    // consolidator: the frequency list as text and as numbers, and the clipboard, which serves that list alone.
+    // consolidator: the frequency list as text and as numbers.
     void loadarray();
     void consolidatorsortup();
     void consolidatorsortdn();
     void removeduplicates();
-    bool _ConsolidatorNew_Action();
-    bool _ConsolidatorOpen_Action();
-    bool _ConsolidatorQuit_Action();
-    bool _EditCut_Action();
-    bool _EditCopy_Action();
-    bool _EditPaste_Action();
 
     Instance<ConsolidatorWindow> consolidatorWindow{*this};
 
+    // editor: level entry.
+    void Update_display();
+    void displaydata(std::int32_t level);
+
+    Instance<EditWindow> editwindow{*this};
+
     // composer: from the frequency list to a protocol.
+    void open_composer(); // takes the list over
     void compose();
     static double diff(double a, double b); // Hz, never negative
 
@@ -117,12 +87,7 @@ public:
     Instance<LoadZephonWindow> loadzephonWindow{*this};
     Instance<ReadWindow> ReadZPWindow{*this};
 
-    // report: the printed page and the windows in which it is set up.
-    void Print();
-    void pagesetup();
-    bool _FilePageSetup_Action();
-    bool _FilePrint_Action();
-
+    // report: the windows in which a page is set up.
     Instance<PageSetupWindow> pgsetupwindow{*this};
     Instance<QcWindow> qcsetupwindow{*this};
 
@@ -142,8 +107,52 @@ public:
     Instance<OnlineHelpPopup> onlinehelpPopup{*this};
     Instance<HelpWindow> helpWindow{*this};
 
-protected:
+    // program: start and end, doors for the windows below, the commands on whole documents.
+    void start();                  // the entry's steps: binds the menu commands and opens Window1
+    void save_settings_and_quit(); // a fault in the saving is shown and does not keep the program running
+    void savesettings();
+    bool getrts() { return false; }
+
+    Serial& serial_line(); // the one line of the program
     void show_main_window() override;
+    void hide_main_window();
+    DocumentWindow* front_document(); // by myactivewindow, made where it is closed; null before the first one
+    DocumentWindow* open_document();  // the same, but null where it is closed
+
+    void open_file(const FolderItem& file); // given at the start; a list by its name, anything else as a protocol
+    std::string_view opening_entry(const FolderItem& file) const override;
+    void loaddata(const std::optional<FolderItem>& file);
+    void writefile(Ref<BinaryOutputStream>& stream);
+    void writezpFile(); // of the document in front
+    void save_document(DocumentWindow* document);
+    std::optional<FolderItem> FSaveAs();
+    void Print();
+    void pagesetup();
+    bool _FileCreateNewFile_Action();
+    bool _FileOpen_Action();
+    bool _FileSave_Action();
+    bool _FileExport_Action();
+    bool _FilePageSetup_Action();
+    bool _FilePrint_Action();
+    bool _FileQuitEditor_Action();
+    bool _FileExitProgram_Action();
+    bool _EditCut_Action();
+    bool _EditCopy_Action();
+    bool _EditPaste_Action();
+    bool _EditDeleteRow_Action();
+    bool _EditInsertRow_Action();
+    bool _EditMakeallSine_Action();
+    bool _EditMakeallSquare_Action();
+    bool _EditEditProtocol_Action();
+    bool _ConsolidatorNew_Action();
+    bool _ConsolidatorOpen_Action();
+    bool _ConsolidatorQuit_Action();
+    bool _SettingsSaveSettings_Action();
+    bool _Untitled_Action() { return true; } // stands behind a name that no entry carries
+
+    Instance<MainWindow> Window1{*this};
+
+protected:
     void fault_caught() override; // the progress notice must not outlive the command that raised it
 
 private:

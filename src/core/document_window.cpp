@@ -1,41 +1,34 @@
 // SPDX-License-Identifier: MIT
 #include "core/document_window.h"
 
+#include "level/level_table.h"
 #include "platform/text.h"
 
 namespace tessit {
 
-namespace {
-
-constexpr const char* main_title = "Tessit Control";
-
-} // namespace
-
-int row_for_next_level(const AppState& state, Listbox& table) {
-    if (!state.insert) {
-        table.AddRow(Str(table.ListCount()));
-        return table.ListCount() - 1;
-    }
-    if (state.row >= table.ListCount()) {
-        throw Fault(
-            FaultKind::out_of_bounds,
-            "Row " + Str(state.row) +
-                ", which Insert Row opened for the next level, is not in the table any more. Select a level and "
-                "choose Insert Row again, or save this table and begin another one.");
-    }
-    return state.row;
-}
-
-std::string title_of_last_document(const Application& app, MainPanel main_panel) {
-    std::string title;
+DocumentWindow* last_document(const Application& app, MainPanel main_panel) {
+    DocumentWindow* last = nullptr;
     for (int i = 0; i < app.WindowCount(); ++i) {
-        const Window& window = app.Window(i);
-        const bool passed_over = main_panel == MainPanel::is_passed_over && window.Title() == main_title;
-        if (window.Visible() && window.Frame() == 0 && !passed_over) {
-            title = window.Title();
+        Window& window = app.Window(i);
+        if (window.Visible() && window.Frame() == 0) {
+            auto* document = dynamic_cast<DocumentWindow*>(&window); // null for the main panel
+            last = document == nullptr && main_panel == MainPanel::is_passed_over ? last : document;
         }
     }
-    return title;
+    return last;
+}
+
+MessageDialog save_question(const std::string& message) {
+    return {.Message = message,
+            .Explanation = "If you don't save, your changes will be lost",
+            .Icon = DialogIcon::caution,
+            .ActionButton = {"Save", true},
+            .CancelButton = {"Cancel", true},
+            .AlternateActionButton = {"Don't Save", true}};
+}
+
+MessageDialog unsaved_work_dialog(const std::string& what_is_unsaved) {
+    return save_question(what_is_unsaved + "\rDo you want to save it?");
 }
 
 void set_up_report_columns(AppState& state) {

@@ -1,36 +1,55 @@
 // SPDX-License-Identifier: MIT
-// The seam through which shared commands work on the document window in front, whichever it is.
+// A document window as shared commands see it, whichever it is: a table of levels with totals (editor, composer, read
+// window) or a list as text (consolidator).
 #pragma once
 
 #include "core/app_state.h"
 #include "level/encoder.h"
 #include "platform/application.h"
+#include "platform/edit_field.h"
 #include "platform/listbox.h"
 
+#include <optional>
 #include <string>
 
 namespace tessit {
 
-class DocumentWindow {
-public:
-    virtual ~DocumentWindow() = default;
-
-    virtual const Listbox& level_table() = 0;
-    virtual int last_level_row() = 0;           // levels are rows 1 to this one
-    virtual EncodingRules encoding_rules() = 0; // how this window's texts become bytes
+struct LevelTable {
+    const Listbox& rows;
+    int last_level = 0;  // levels are rows 1 to this one
+    EncodingRules rules; // how the texts become bytes
+    const EditField& total_frequencies;
+    const EditField& total_time;
 };
 
-// The row that the next level goes to: a new one at the end, or while `insert` is set the one that Insert Row opened.
-// Fault out_of_bounds where that one has been deleted since.
-int row_for_next_level(const AppState& state, Listbox& table);
+enum class Heading { name_of_document, quality_line }; // of the printed page
+enum class Insertion { done, table_full };
 
-// Two commands look for a document by title and differ in whether the main panel can be that document.
+class DocumentWindow : public Window {
+public:
+    using Window::Window;
+
+    virtual EditField& name_field() = 0;                                     // of protocol, list or bank
+    virtual std::optional<LevelTable> level_table() { return std::nullopt; } // none: a list
+    virtual const EditField* list() { return nullptr; }                      // none: a table
+    virtual const Listbox* table_to_export() { return nullptr; }             // none: the headings alone are exported
+    virtual Heading heading() const { return Heading::name_of_document; }
+
+    virtual void save() = 0; // the Save command; marks as saved also where the file dialog was dismissed, but no list
+    virtual void delete_selected_level() {}
+    virtual Insertion insert_level() { return Insertion::done; } // above the selected one
+};
+
+// Two commands look for the last visible document window in the list, which need not be the one in front, and differ
+// in whether the main panel hides those before it.
 enum class MainPanel { counts, is_passed_over };
+DocumentWindow* last_document(const Application& app, MainPanel main_panel); // null for none
 
-// The title of the last visible document window in the list, which need not be the one in front. Empty for none.
-std::string title_of_last_document(const Application& app, MainPanel main_panel);
+// The question that every document window asks about its unsaved work: "Save", "Don't Save", Cancel.
+MessageDialog save_question(const std::string& message);
+MessageDialog unsaved_work_dialog(const std::string& what_is_unsaved);
 
-// The printed report's column widths and alignments, which every level table sets when it opens.
+// The printed report's column widths and alignments, which every document window sets when it opens.
 void set_up_report_columns(AppState& state);
 
 } // namespace tessit

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "device/load_direct_window.h"
 
-#include "composer/compose_window.h"
 #include "device/settings_window.h"
 #include "editor/edit_window.h"
-#include "program/main_window.h"
 
 namespace tessit {
 
@@ -23,10 +21,10 @@ void LoadDirectWindow::LoadButton_Action() {
         return app.MsgBox(*refused);
     }
     loadcompleted.SetVisible(false);
-    const bool composed = app.myactivewindow == document::composer && app.composewindow.exists();
+    DocumentWindow* const loaded = app.open_document();
     const auto question = ready_to_load_dialog(app.editwindow->namefield.Text(), bank_bt1, bank_bt0);
-    if (composed) { // the editor may just have come up with its name: behind the table that is loaded
-        app.composewindow->Show();
+    if (loaded != nullptr) { // the editor may just have come up with its name: behind the table that is loaded
+        loaded->Show();
     }
     Show();
     if (app.ShowModal(question) == DialogAnswer::cancel) {
@@ -44,7 +42,7 @@ bool App::_ZephonLoadDirect_Action() {
     if (!serialselected) {
         MsgBox("No Serial Port Selected"); // and goes on
     }
-    Serial& line = Window1->serial_port;
+    Serial& line = serial_line();
     if (line.Open()) {
         load_direct_window->connectField.SetText(connected_text(line));
     }

@@ -4,7 +4,6 @@
 #include "device/settings_window.h"
 #include "files/protocol_file.h"
 #include "platform/text.h"
-#include "program/main_window.h"
 
 namespace tessit {
 
@@ -14,7 +13,7 @@ void LoadZephonWindow::Event_Open() {
         app.MsgBox("No Serial Port Selected");
         return Close();
     }
-    Serial& line = app.Window1->serial_port;
+    Serial& line = app.serial_line();
     if (line.Open()) {
         connectfield.SetText(connected_text(line));
     }

@@ -1,20 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "device/read_window.h"
 
+#include "core/enable_rules.h"
 #include "device/load_direct_window.h"
 #include "device/settings_window.h"
-#include "files/protocol_file.h"
-#include "program/main_window.h"
-#include "program/menus.h"
 
 namespace tessit {
+
+namespace {
+
+const EnableRules rules{
+    .enables = {"FileSave", "EditEditProtocol"},
+    .disables = {"EditCut", "EditCopy", "EditPaste", "EditDeleteRow"},
+};
+
+} // namespace
 
 void ReadWindow::Event_Open() {
     app.myactivewindow = document::reader;
     if (!app.serialselected) {
         return app.MsgBox("No Serial Port Selected"); // and the window stays empty
     }
-    Serial& line = app.Window1->serial_port;
+    Serial& line = app.serial_line();
     if (line.Open()) {
         connectfield.SetText(connected_text(line));
     }
@@ -25,7 +32,7 @@ void ReadWindow::Event_Open() {
     set_up_level_table(displaybox);
     set_up_report_columns(app);
     align_level_table(displaybox);
-    app.Window1->Hide();
+    app.hide_main_window();
 }
 
 void ReadWindow::Event_Activate() {
@@ -38,11 +45,11 @@ void ReadWindow::Readbutton_Action() {
         return; // the question was answered with Cancel
     }
     app.ReadZPWindow->Show();
-    app.Window1->Hide();
+    app.hide_main_window();
     if (!app.serialselected) {
         app.MsgBox("No Serial Port Selected");
     }
-    Serial& line = app.Window1->serial_port;
+    Serial& line = app.serial_line();
     if (line.Open()) {
         app.load_direct_window->connectField.SetText(connected_text(line)); // that window's field, not this one's
     }
@@ -62,11 +69,21 @@ void ReadWindow::isoDecimal_Action() {
     exchange_base_marks(displaybox, ".", ",");
 }
 
-EncodingRules ReadWindow::encoding_rules() {
-    return {.time_form = app.default_timeformat == 0 ? TimeForm::seconds : TimeForm::clock,
-            .comma = CommaRule::stays,
-            .rate = RateRule::high_byte_by_10,
-            .blank_rows = BlankRows::skipped};
+std::optional<LevelTable> ReadWindow::level_table() {
+    return LevelTable{.rows = displaybox,
+                      .last_level = displaybox.ListCount() - 1,
+                      .rules = {.time_form = app.default_timeformat == 0 ? TimeForm::seconds : TimeForm::clock,
+                                .comma = CommaRule::stays,
+                                .rate = RateRule::high_byte_by_10,
+                                .blank_rows = BlankRows::skipped},
+                      .total_frequencies = BankFreqField,
+                      .total_time = BankTimeField};
+}
+
+void ReadWindow::save() {
+    app.filename = bankfield.Text();
+    app.save_document(this);
+    app.readchanged = false; // also when the dialog was dismissed
 }
 
 bool ReadWindow::Event_CancelClose() {
@@ -91,15 +108,15 @@ bool ReadWindow::Event_CancelClose() {
 
 void ReadWindow::Event_Close() {
     app.datareset();
-    app.Window1->Show();
+    app.show_main_window();
 }
 
 void ReadWindow::Event_EnableMenuItems() {
-    enable_rules::ReadZPWindow.apply(app.MenuBar1);
+    rules.apply(app.MenuBar1);
 }
 
 bool App::_ZephonReadZephon_Action() {
-    Window1->Hide();
+    hide_main_window();
     ReadZPWindow->Show();
     return true;
 }

@@ -4,6 +4,7 @@
 
 #include "core/app.h"
 #include "core/document_window.h"
+#include "level/level_table.h"
 #include "platform/buttons.h"
 #include "platform/edit_field.h"
 #include "platform/listbox.h"
@@ -11,15 +12,15 @@
 
 namespace tessit {
 
-class ReadWindow : public Window, public DocumentWindow {
+class ReadWindow : public DocumentWindow {
 public:
     explicit ReadWindow(App& owner)
-        : Window(owner, {.name = "ReadZPWindow",
-                         .title = "Read Zephon Data",
-                         .width = 890,
-                         .height = 560,
-                         .frame = WindowFrame::document,
-                         .opening = Opening::shows_itself}),
+        : DocumentWindow(owner, {.name = "ReadZPWindow",
+                                 .title = "Read Zephon Data",
+                                 .width = 890,
+                                 .height = 560,
+                                 .frame = WindowFrame::document,
+                                 .opening = Opening::shows_itself}),
           app(owner) {}
 
     StaticText messagebox{*this, {.name = "messagebox", .place = {33, 14, 520, 58}}};
@@ -57,9 +58,10 @@ public:
     void naDecimal_Action();
     void isoDecimal_Action();
 
-    const Listbox& level_table() override { return displaybox; }
-    int last_level_row() override { return displaybox.ListCount() - 1; }
-    EncodingRules encoding_rules() override;
+    EditField& name_field() override { return bankfield; }
+    std::optional<LevelTable> level_table() override;
+    Heading heading() const override { return Heading::quality_line; }
+    void save() override;
 
 private:
     App& app;

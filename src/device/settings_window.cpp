@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "device/settings_window.h"
 
-#include "program/main_window.h"
-#include "program/menus.h"
+#include "core/enable_rules.h"
 
 namespace tessit {
 
@@ -34,7 +33,7 @@ void SettingsWindow::Serial_box_Change() {
     if (port == -1) {
         return app.MsgBox("No Port Selected");
     }
-    Serial& line = app.Window1->serial_port;
+    Serial& line = app.serial_line();
     if (port >= 0 && port < choosable_ports) {
         line.SetSerialPort(ports[static_cast<std::size_t>(port)]);
         app.portnum = port;
@@ -61,7 +60,7 @@ void SettingsWindow::set_up(Serial& line) {
 }
 
 void SettingsWindow::Event_EnableMenuItems() {
-    enable_rules::settings_windows.apply(app.MenuBar1);
+    settings_window_rules.apply(app.MenuBar1);
 }
 
 bool App::_SettingsSetSerialPort_Action() {

@@ -20,8 +20,8 @@ inline constexpr int acknowledge_tries = 100; // misses allowed; one more ends t
 
 inline constexpr Microseconds handshake_wait = 10'000;
 inline constexpr Microseconds address_wait = 10'000;    // between the two address bytes
-inline constexpr Microseconds first_byte_wait = 10'000; // behind byte 0 of a level
-inline constexpr Microseconds byte_wait = 5'000;        // behind each of the others and each padding byte
+inline constexpr Microseconds first_byte_wait = 10'000; // after byte 0 of a level
+inline constexpr Microseconds byte_wait = 5'000;        // after each of the others and each padding byte
 inline constexpr Microseconds acknowledge_wait = 1'000; // between two looks for an acknowledge
 
 // Reading: the generator calls and sends, the program acknowledges blindly. 55 rounds of 18 reads are 990 attempts at
@@ -29,7 +29,7 @@ inline constexpr Microseconds acknowledge_wait = 1'000; // between two looks for
 inline constexpr int call_tries = 1000; // one more ends the read
 inline constexpr int read_rounds = 55;
 inline constexpr Microseconds call_wait = 500;     // before each look for a call
-inline constexpr Microseconds call_pause = 10'000; // behind a look that found none
+inline constexpr Microseconds call_pause = 10'000; // after a look that found none
 inline constexpr Microseconds answer_wait = 5'000; // between the two bytes of the answer
 inline constexpr Microseconds before_address_acknowledge = 12'000;
 inline constexpr Microseconds before_data_acknowledge = 10;

@@ -1,15 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "editor/edit_window.h"
 
+#include "core/enable_rules.h"
+#include "core/level_rows.h"
 #include "files/protocol_file.h"
 #include "platform/text.h"
-#include "program/main_window.h"
-#include "program/menus.h"
 
 namespace tessit {
 
+namespace {
+
+const EnableRules rules{
+    .enables = {"FileSave", "FileExport", "FilePrint", "EditDeleteRow", "EditInsertRow", "ZephonLoadDirect"},
+    .disables = {"FileCreateNewFile", "EditCut", "EditCopy", "EditPaste", "EditEditProtocol", "ZephonLoadFromFile",
+                 "ConsolidatorNew", "ConsolidatorOpen", "ConsolidatorQuit", "SettingsSaveSettings"},
+};
+
+} // namespace
+
 void EditWindow::Event_Open() {
-    app.Window1->Hide();
+    app.hide_main_window();
     for (const char* entry : {"EditDeleteRow", "EditCut", "EditCopy", "EditPaste"}) {
         menu_item(entry).SetEnabled(false);
     }
@@ -35,7 +45,7 @@ void EditWindow::Event_Open() {
                               : (clock ? app.default_wp_time_ms : app.default_wp_time_s));
     rate_field.SetText(app.default_rate);
     EditField1.SetVisible(true);
-    app.Window1->Hide();
+    app.hide_main_window();
 }
 
 void EditWindow::Event_Activate() {
@@ -44,11 +54,11 @@ void EditWindow::Event_Activate() {
 
 void EditWindow::Event_Close() {
     Close();
-    app.Window1->Show();
+    app.show_main_window();
 }
 
 void EditWindow::Event_EnableMenuItems() {
-    enable_rules::editwindow.apply(app.MenuBar1);
+    rules.apply(app.MenuBar1);
 }
 
 const std::string& EditWindow::remembered_time(TimeForm form) const {
@@ -102,18 +112,18 @@ void EditWindow::edit_displayBox_DoubleClick() {
     cancelbutton.SetVisible(true);
     submitchange.SetVisible(true);
 
-    choose_text(wave_box, cell(column::waveform));
+    wave_box.ChooseText(cell(column::waveform));
     if (const auto width = width_index(cell(column::waveform), app.strintR(cell(column::frequencies)))) {
         WidthMenu.SetListIndex(*width);
     }
-    choose_text(WidthMenu, cell(column::width), 1); // not "0": a sweep of width 0 comes back with 1
+    WidthMenu.ChooseText(cell(column::width), 1); // not "0": a sweep of width 0 comes back with 1
     FreqField.SetText(cell(column::base));
     time_field.SetText(cell(column::time_each));
-    choose_text(PulseMenu, cell(column::pulse));
+    PulseMenu.ChooseText(cell(column::pulse));
     rate_field.SetText(cell(column::rate));
-    choose_text(DutyMenu, cell(column::duty_cycle), 1); // a cell such as "50%" matches nothing, and is meant to
-    choose_text(shape_box, cell(column::wave_shape));
-    choose_text(output_box, cell(column::output));
+    DutyMenu.ChooseText(cell(column::duty_cycle), 1); // a cell such as "50%" matches nothing, and is meant to
+    shape_box.ChooseText(cell(column::wave_shape));
+    output_box.ChooseText(cell(column::output));
 }
 
 void EditWindow::enter_level() {
@@ -204,11 +214,49 @@ void EditWindow::add_up_cells(std::int32_t frequencies_from, PlainSeconds plain_
     BankTimeField.SetText(bank_time(times, plain_seconds));
 }
 
-EncodingRules EditWindow::encoding_rules() {
-    return {.time_form = format_box.ListIndex() == 0 ? TimeForm::seconds : TimeForm::clock,
-            .comma = app.use_euro ? CommaRule::becomes_point : CommaRule::stays,
-            .rate = RateRule::high_byte_by_255,
-            .blank_rows = BlankRows::encoded};
+bool EditWindow::refuses_another_level() {
+    if (edit_displayBox.LastIndex() < most_levels) {
+        return false;
+    }
+    app.ShowModal({.Message = "This Protocol requires more space than available in this bank\r"
+                              "Some data may have been dropped",
+                   .Icon = DialogIcon::caution});
+    return true;
+}
+
+std::optional<LevelTable> EditWindow::level_table() {
+    return LevelTable{.rows = edit_displayBox,
+                      .last_level = edit_displayBox.ListCount() - 1,
+                      .rules = {.time_form = format_box.ListIndex() == 0 ? TimeForm::seconds : TimeForm::clock,
+                                .comma = app.use_euro ? CommaRule::becomes_point : CommaRule::stays,
+                                .rate = RateRule::high_byte_by_255,
+                                .blank_rows = BlankRows::encoded},
+                      .total_frequencies = BankFreqField,
+                      .total_time = BankTimeField};
+}
+
+void EditWindow::save() {
+    app.filename = namefield.Text();
+    app.save_document(this);
+    app.editchanged = false; // also when the dialog was dismissed
+}
+
+void EditWindow::delete_selected_level() {
+    remove_selected_level(edit_displayBox);
+    add_up_cells(0, PlainSeconds::out_of_bounds);
+    FreqField.SetFocus();
+}
+
+Insertion EditWindow::insert_level() {
+    if (edit_displayBox.ListIndex() > 0) {
+        if (open_row_above_selected(app, edit_displayBox) == Insertion::table_full) {
+            return Insertion::table_full;
+        }
+        app.insert = true;
+    }
+    edit_displayBox.SetListIndex(app.row); // with nothing selected, the row that was worked on before
+    FreqField.SetFocus();
+    return Insertion::done;
 }
 
 bool EditWindow::Event_CancelClose() {

@@ -7,6 +7,7 @@
 #include "core/document_window.h"
 #include "editor/level_entry.h"
 #include "level/decoder.h"
+#include "level/waves.h"
 #include "platform/buttons.h"
 #include "platform/choice.h"
 #include "platform/edit_field.h"
@@ -15,16 +16,16 @@
 
 namespace tessit {
 
-class EditWindow : public Window, public DocumentWindow {
+class EditWindow : public DocumentWindow {
 public:
     explicit EditWindow(App& owner)
-        : Window(owner, {.name = "editwindow",
-                         .title = "Zephon Protocol Editor",
-                         .width = 890,
-                         .height = 648,
-                         .color = {0xC0C0C0},
-                         .frame = WindowFrame::document,
-                         .opening = Opening::shows_itself}),
+        : DocumentWindow(owner, {.name = "editwindow",
+                                 .title = "Zephon Protocol Editor",
+                                 .width = 890,
+                                 .height = 648,
+                                 .color = {0xC0C0C0},
+                                 .frame = WindowFrame::document,
+                                 .opening = Opening::shows_itself}),
           app(owner) {}
 
     RadioButton naDecimal{*this,
@@ -42,12 +43,10 @@ public:
     EditField level_field{
         *this, {.name = "level_field", .place = {52, 119, 28, 22}, .label = "Current Level"}, {.align = Align::right}};
     StaticText wave_caption{*this, {.name = "wave_caption", .place = {116, 96, 143, 20}}, {.text = "Wave Type"}};
-    ComboBox wave_box{*this,
-                      {.name = "wave_box", .place = {116, 118, 143, 23}, .label = "Wave Type"},
-                      {.items = {"Single Frequency", "Spread Contracting", "Spread Expanding", "Sweep Increasing",
-                                 "Sweep Decreasing"},
-                       .list_index = 0,
-                       .on_change = [this] { wave_box_Change(); }}};
+    ComboBox wave_box{
+        *this,
+        {.name = "wave_box", .place = {116, 118, 143, 23}, .label = "Wave Type"},
+        {.items = wave_texts(editor_wave_order), .list_index = 0, .on_change = [this] { wave_box_Change(); }}};
     StaticText width_caption{*this, {.name = "width_caption", .place = {271, 96, 57, 20}}, {.text = "Width"}};
     PopupMenu WidthMenu{*this,
                         {.name = "WidthMenu",
@@ -175,9 +174,14 @@ public:
     // Both total fields anew from the table's cells. A fault leaves the time empty.
     void add_up_cells(std::int32_t frequencies_from, PlainSeconds plain_seconds);
 
-    const Listbox& level_table() override { return edit_displayBox; }
-    int last_level_row() override { return edit_displayBox.ListCount() - 1; }
-    EncodingRules encoding_rules() override;
+    bool refuses_another_level(); // tells the user of a full table
+
+    EditField& name_field() override { return namefield; }
+    std::optional<LevelTable> level_table() override;
+    const Listbox* table_to_export() override { return &edit_displayBox; }
+    void save() override;
+    void delete_selected_level() override;
+    Insertion insert_level() override;
 
 private:
     const std::string& remembered_time(TimeForm form) const; // of the present wave

@@ -5,7 +5,6 @@
 
 #include "core/enter_key.h"
 #include "level/clock_text.h"
-#include "platform/choice.h"
 
 #include <cstdint>
 #include <optional>
@@ -14,21 +13,6 @@
 #include <vector>
 
 namespace tessit {
-
-// Chooses the entry with this text, looking from `first` on; a text that is not there leaves the list as it was.
-void choose_text(PopupMenu& list, std::string_view text, int first = 0);
-
-// The waves in the order of `wave_box`.
-namespace wave_index {
-inline constexpr int single_frequency = 0;
-inline constexpr int spread_contracting = 1;
-inline constexpr int spread_expanding = 2;
-inline constexpr int sweep_increasing = 3;
-inline constexpr int sweep_decreasing = 4;
-} // namespace wave_index
-
-// "# Freqs." of a wave and width; empty for a wave text that is in no list (-1).
-std::string frequencies_text(int wave, int width);
 
 // The width that a row's wave and number of frequencies tell; none for a wave text that is in no list.
 std::optional<std::int32_t> width_index(std::string_view waveform, float frequencies);

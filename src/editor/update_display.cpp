@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // App::Update_display: what stands in the entry fields becomes a new row, or changes one.
-#include "core/app.h"
+#include "core/level_rows.h"
 #include "editor/edit_window.h"
 #include "editor/level_entry.h"
 #include "platform/text.h"
@@ -14,8 +14,8 @@ void fill_cells_before_total(EditWindow& w, int row) {
     const int wave = w.wave_box.ListIndex();
     table.SetCell(row, column::waveform, w.wave_box.Text());
     table.SetCell(row, column::base, w.FreqField.Text());
-    table.SetCell(row, column::width, wave == wave_index::single_frequency ? "" : w.WidthMenu.Text());
-    table.SetCell(row, column::frequencies, frequencies_text(wave, w.WidthMenu.ListIndex()));
+    table.SetCell(row, column::width, wave == single_frequency_index ? "" : w.WidthMenu.Text());
+    table.SetCell(row, column::frequencies, frequencies_text(editor_wave_order, wave, w.WidthMenu.ListIndex()));
     table.SetCell(row, column::time_each, w.time_field.Text());
 }
 
@@ -67,15 +67,15 @@ void enter_new_level(App& app, EditWindow& w) {
 void show_last_row(EditWindow& w) {
     const Listbox& table = w.edit_displayBox;
     const auto cell = [&](int index) { return table.Cell(table.ListCount() - 1, index); };
-    choose_text(w.wave_box, cell(column::waveform));
-    choose_text(w.WidthMenu, cell(column::width));
+    w.wave_box.ChooseText(cell(column::waveform));
+    w.WidthMenu.ChooseText(cell(column::width));
     w.FreqField.SetText("");
     w.time_field.SetText(cell(column::time_each));
-    choose_text(w.PulseMenu, cell(column::pulse));
+    w.PulseMenu.ChooseText(cell(column::pulse));
     w.rate_field.SetText(cell(column::rate));
-    choose_text(w.DutyMenu, cell(column::duty_cycle), 1);
-    choose_text(w.shape_box, cell(column::wave_shape));
-    choose_text(w.output_box, cell(column::output));
+    w.DutyMenu.ChooseText(cell(column::duty_cycle), 1);
+    w.shape_box.ChooseText(cell(column::wave_shape));
+    w.output_box.ChooseText(cell(column::output));
 }
 
 void change_level(App& app, EditWindow& w) {

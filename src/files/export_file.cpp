@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "files/export_file.h"
 
-#include "composer/compose_window.h"
-#include "core/app.h"
-#include "device/settings_window.h"
-#include "editor/edit_window.h"
 #include "level/level_table.h"
 #include "platform/text.h"
 
@@ -24,25 +20,6 @@ std::string export_text(const Listbox* table) {
         text += carriage_return;
     }
     return text;
-}
-
-bool App::_FileExport_Action() {
-    filetype = export_extension;
-    const auto file = GetSaveFolderItem(export_file_type(), filename + export_extension);
-    settings_window->outputfield.SetText("serial port," + Str(portnum)); // whatever the dialog gave
-    if (!file) {
-        return true;
-    }
-    const Listbox* table = nullptr;
-    if (myactivewindow == document::editor) {
-        table = &editwindow->edit_displayBox;
-    } else if (myactivewindow == document::composer) {
-        table = &composewindow->compose_displayBox;
-    }
-    auto stream = file->CreateTextFile();
-    stream->WriteLine(export_text(table));
-    stream->Close();
-    return true;
 }
 
 } // namespace tessit

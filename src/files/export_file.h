@@ -14,7 +14,7 @@ inline constexpr const char* export_extension = ".tab";
 FileType export_file_type();
 
 // The row of headings, then rows 1 to LastIndex as their cells stand; nothing is quoted. Each row ends in CR. LastIndex
-// is the row last added, so behind an insertion the rows below it are missing. No table: the headings alone.
+// is the row last added, so after an insertion the rows below it are missing. No table: the headings alone.
 std::string export_text(const Listbox* table);
 
 } // namespace tessit

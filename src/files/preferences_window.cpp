@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "files/preferences_window.h"
 
+#include "core/enable_rules.h"
 #include "files/time_defaults.h"
-#include "program/menus.h"
 
 namespace tessit {
 
@@ -20,7 +20,7 @@ void PreferencesWindow::Event_Open() {
 }
 
 void PreferencesWindow::Event_EnableMenuItems() {
-    enable_rules::settings_windows.apply(app.MenuBar1);
+    settings_window_rules.apply(app.MenuBar1);
 }
 
 void PreferencesWindow::defaultformatbox_Change() {

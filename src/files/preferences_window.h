@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/app.h"
+#include "level/waves.h"
 #include "platform/buttons.h"
 #include "platform/choice.h"
 #include "platform/edit_field.h"
@@ -20,8 +21,7 @@ public:
         *this, {.name = "wave_caption", .place = {24, 22, 180, 20}}, {.text = "Default Wave Type:"}};
     ComboBox defaultwavebox{*this,
                             {.name = "defaultwavebox", .place = {216, 20, 200, 23}, .label = "Default Wave Type"},
-                            {.items = {"Single Frequency", "Spread Contracting", "Spread Expanding", "Sweep Increasing",
-                                       "Sweep Decreasing"}}};
+                            {.items = wave_texts(editor_wave_order)}};
     StaticText width_caption{
         *this, {.name = "width_caption", .place = {24, 52, 180, 20}}, {.text = "Default Packet Width:"}};
     ComboBox defaultwidthbox{*this,

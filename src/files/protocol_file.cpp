@@ -45,23 +45,4 @@ void write_protocol(BinaryOutputStream& stream, const RegisterImage& image, Unse
     }
 }
 
-MessageDialog save_question(const std::string& message) {
-    return {.Message = message,
-            .Explanation = "If you don't save, your changes will be lost",
-            .Icon = DialogIcon::caution,
-            .ActionButton = {"Save", true},
-            .CancelButton = {"Cancel", true},
-            .AlternateActionButton = {"Don't Save", true}};
-}
-
-MessageDialog unsaved_work_dialog(const std::string& what_is_unsaved) {
-    return save_question(what_is_unsaved + "\rDo you want to save it?");
-}
-
-MessageDialog no_room_dialog() {
-    return {.Message = "This Protocol requires more space than available in this bank\r"
-                       "Some data may have been dropped",
-            .Icon = DialogIcon::caution};
-}
-
 } // namespace tessit

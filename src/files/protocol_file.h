@@ -16,6 +16,9 @@ namespace tessit {
 
 inline constexpr const char* protocol_extension = ".zp2";
 
+// Fifty records with their dropped 253s, and one byte that tells that there are more: nothing behind them is looked at.
+inline constexpr std::size_t most_protocol_bytes = 50 * 13 + 1;
+
 FileType protocol_file_type_for_opening();
 FileType protocol_file_type_for_saving();
 
@@ -27,12 +30,5 @@ enum class UnsetMark { low_frequency_byte, high_frequency_byte };
 
 // Levels 1 to 50 in order without the unset ones; a level left out leaves no gap.
 void write_protocol(BinaryOutputStream& stream, const RegisterImage& image, UnsetMark mark);
-
-// The question that every working window asks about its unsaved work: "Save", "Don't Save", Cancel.
-MessageDialog save_question(const std::string& message);
-MessageDialog unsaved_work_dialog(const std::string& what_is_unsaved);
-
-// What is told when a table has no row left for a level.
-MessageDialog no_room_dialog();
 
 } // namespace tessit

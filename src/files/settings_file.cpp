@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "files/settings_file.h"
 
-#include "core/app.h"
-#include "device/settings_window.h"
-#include "files/preferences_window.h"
 #include "level/number.h"
 #include "platform/text.h"
 
@@ -11,14 +8,17 @@ namespace tessit {
 
 namespace {
 
+using IntegerProperty = std::int32_t AppState::*;
+using TextProperty = std::string AppState::*;
+
 struct IntegerSetting {
     const char* key;
-    std::int32_t AppState::*property;
+    IntegerProperty property;
 };
 
 struct TextSetting {
     const char* key;
-    std::string AppState::*property;
+    TextProperty property;
 };
 
 constexpr const char* serial_port_key = "serial port";
@@ -38,7 +38,7 @@ constexpr TextSetting text_settings[] = {
 constexpr IntegerSetting time_format_setting = {"timeformat", &AppState::default_timeformat};
 
 std::int32_t integer(const std::string& text) {
-    return truncate(read_number(characters(text)));
+    return truncate(read_number(text));
 }
 
 const std::string& value_of(const Array<std::string>& items) {
@@ -102,26 +102,6 @@ SettingEffect apply_setting(AppState& state, const Array<std::string>& items) {
         apply_use_euro(state, value_of(items));
     }
     return SettingEffect::none;
-}
-
-void App::savesettings() {
-    settings_window.Close();
-    SetPreferencesWindow.Close();
-    const FolderItem folder = GetFolderItem("");
-    settings_window->outputfield.SetText("serial port," + Str(portnum));
-    if (!filepath) {
-        return; // an open dialog was dismissed: nothing is saved, and nothing said
-    }
-    if (folder.Exists()) {
-        auto stream = GetFolderItem(settings_file_name).CreateTextFile();
-        stream->WriteLine(settings_text(*this));
-        stream->Close();
-    }
-}
-
-bool App::_SettingsSaveSettings_Action() {
-    savesettings();
-    return true;
 }
 
 } // namespace tessit

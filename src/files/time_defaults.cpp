@@ -6,7 +6,7 @@
 namespace tessit {
 
 TimeDefault set_time_default(const TimeDefault& old, const std::string& typed, TimeForm form) {
-    const float value = read_number(characters(typed));
+    const float value = read_number(typed);
     const double unit = form == TimeForm::seconds ? 60.0 : 100.0;
     const std::int32_t minutes = truncate(value / unit);
     const std::int32_t seconds = truncate(value) % static_cast<std::int32_t>(unit);

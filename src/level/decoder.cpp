@@ -1,33 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "level/decoder.h"
 
+#include "level/waves.h"
+
 #include <algorithm>
 
 namespace tessit {
 
 namespace {
 
-struct Wave {
-    std::optional<std::string> text;
-    int steps_per_width = 0; // 0: one frequency, 1: a sweep, 2: a spread
-    bool has_width = true;
-};
-
-Wave wave_of(std::uint8_t code, RecordSource source) {
-    switch (code) {
-    case mode::single_frequency:
-        return {"Single Frequency", 0, false};
-    case mode::sweep_increasing:
-        return {"Sweep Increasing", 1};
-    case mode::sweep_decreasing:
-        return {"Sweep Decreasing", 1};
-    case mode::spread_expanding:
-        return {"Spread Expanding", 2};
-    case mode::spread_contracting:
-        return {"Spread Contracting", 2};
-    default: // the generator's other codes for a single frequency; an Offset level is written with 7
-        return source == RecordSource::generator ? Wave{"Single Frequency", 0, false} : Wave{};
-    }
+// Null for a file's level with another code; an Offset level is written with 7.
+const Wave* wave_of(std::uint8_t code, RecordSource source) {
+    const Wave* wave = wave_with_code(code);
+    const bool another = wave == nullptr && source == RecordSource::generator; // of its codes for a single frequency
+    return another ? single_frequency : wave;
 }
 
 std::optional<std::string> shape_of(std::uint8_t bits) {
@@ -108,26 +94,27 @@ std::string decode_base(std::int32_t word, std::uint8_t db3) {
 DecodedLevel decode_level(const LevelBytes& record, const DecodingRules& rules) {
     using namespace record_offset;
     DecodedLevel level;
-    const auto cell = [&level](int index) -> auto& {
-        return level.cells[static_cast<std::size_t>(index)];
-    };
+    using Cell = std::optional<std::string>;
+    const auto cell = [&level](int index) -> Cell& { return level.cells[static_cast<std::size_t>(index)]; };
     const auto wave_code = static_cast<std::uint8_t>(record[db6] & mode::wave_mask);
     const auto shape = static_cast<std::uint8_t>(record[db6] & mode::shape_mask);
     const bool from_file = rules.source == RecordSource::file;
-    const Wave wave = wave_of(wave_code, rules.source);
+    const Wave* wave = wave_of(wave_code, rules.source);
     const bool clock = rules.time_form == TimeForm::clock;
     const int minutes = record[timemin];
     const int seconds = record[timesec];
 
-    cell(column::waveform) = wave.text;
+    if (wave != nullptr) {
+        cell(column::waveform) = wave->text;
+    }
     if (from_file || record[fbyte2] != 0 || record[fbyte1] != 0 || record[fbyte0] != 0) {
         const std::string base = decode_base(frequency_word(record), record[db3]);
         cell(column::base) = rules.mark == DecimalMark::comma ? ReplaceAll(base, ".", ",") : base;
     }
-    if (wave.has_width) {
+    if (wave != single_frequency) {
         cell(column::width) = Str(record[wpwidth]);
     }
-    const int steps = record[wpwidth] * wave.steps_per_width;
+    const int steps = wave == nullptr ? 0 : record[wpwidth] * wave->steps_per_width;
     level.frequencies = (from_file ? low_byte(steps) : steps) + 1; // cut to eight bits before the 1 is added
     cell(column::frequencies) = Str(level.frequencies);
     cell(column::time_each) = clock ? format_minutes(minutes, seconds) : Str(seconds + 60 * minutes);

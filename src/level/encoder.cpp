@@ -2,6 +2,7 @@
 #include "level/encoder.h"
 
 #include "level/number.h"
+#include "level/waves.h"
 #include "platform/text.h"
 
 namespace tessit {
@@ -99,24 +100,20 @@ void encode_word(RegisterImage& image, int level, std::int32_t word) {
     image.fbyte2[level] = digits.at_end() ? std::uint8_t{0} : digits.take_byte();
 }
 
-float number(const std::string& text) {
-    return read_number(characters(text));
-}
-
 void encode_time(RegisterImage& image, int level, const std::string& text, TimeForm form) {
     if (form == TimeForm::seconds) {
-        const std::int32_t seconds = truncate(number(text));
+        const std::int32_t seconds = truncate(read_number(text));
         image.timemin[level] = low_byte(seconds / 60);
         image.timesec[level] = low_byte(seconds % 60);
         return;
     }
     const Array<std::string> pieces = Split(text, ":");
-    image.timemin[level] = low_byte(truncate(number(pieces[0])));
-    image.timesec[level] = low_byte(truncate(number(pieces[1])));
+    image.timemin[level] = low_byte(truncate(read_number(pieces[0])));
+    image.timesec[level] = low_byte(truncate(read_number(pieces[1])));
 }
 
 void encode_rate(RegisterImage& image, int level, const std::string& text, RateRule rule) {
-    const float rate = number(text);
+    const float rate = read_number(text);
     const bool by_10 = rule == RateRule::high_byte_by_10;
     if (rate > (by_10 ? 10.0F : 255.0F)) {
         image.pratehi[level] = low_byte(truncate(rate / (by_10 ? 10.0 : 255.0)));
@@ -170,15 +167,6 @@ FrequencyWord encode_frequency(const std::string& text) {
 }
 
 std::uint8_t encode_mode(const LevelCells& cells) {
-    struct WaveCode {
-        const char* text;
-        std::uint8_t code;
-    };
-    static constexpr WaveCode waves[] = {
-        {"Single Frequency", mode::single_frequency}, {"Spread Contracting", mode::spread_contracting},
-        {"Spread Expanding", mode::spread_expanding}, {"Sweep Increasing", mode::sweep_increasing},
-        {"Sweep Decreasing", mode::sweep_decreasing},
-    };
     // What a text sets and then keeps, in the order in which the columns are read.
     struct MaskRule {
         int column;
@@ -196,12 +184,8 @@ std::uint8_t encode_mode(const LevelCells& cells) {
         {column::wave_shape, "Sine", 64, 127},
         {column::wave_shape, "Triangle", 128, 191},
     };
-    int result = unset;
-    for (const auto& wave : waves) {
-        if (same_text(cell(cells, column::waveform), wave.text)) {
-            result = wave.code;
-        }
-    }
+    const Wave* wave = wave_with_text(cell(cells, column::waveform));
+    int result = wave == nullptr ? unset : wave->code;
     for (const auto& rule : masks) {
         if (same_text(cell(cells, rule.column), rule.text)) {
             result = (result | rule.set) & rule.keep;
@@ -225,9 +209,9 @@ EncodingResult encode_level(RegisterImage& image, int level, const LevelCells& c
     encode_word(image, level, frequency.word);
 
     encode_time(image, level, cell(cells, column::time_each), rules.time_form);
-    image.dutycycle[level] = low_byte(truncate(number(cell(cells, column::duty_cycle)) / 10.0));
-    const bool single = same_text(cell(cells, column::waveform), "Single Frequency");
-    image.wpwidth[level] = single ? std::uint8_t{0} : low_byte(truncate(number(cell(cells, column::width))));
+    image.dutycycle[level] = low_byte(truncate(read_number(cell(cells, column::duty_cycle)) / 10.0));
+    const bool single = wave_with_text(cell(cells, column::waveform)) == single_frequency;
+    image.wpwidth[level] = single ? std::uint8_t{0} : low_byte(truncate(read_number(cell(cells, column::width))));
     encode_rate(image, level, cell(cells, column::rate), rules.rate);
     encode_check(image, level);
     return EncodingResult::done;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "level/number.h"
 
+#include "platform/text.h"
+
 #include <cmath>
 
 namespace tessit {
@@ -24,6 +26,10 @@ float read_number(const Array<std::string>& characters) {
         }
     }
     return static_cast<float>(static_cast<double>(value) / std::pow(10.0, decimals));
+}
+
+float read_number(std::string_view text) {
+    return read_number(characters(text));
 }
 
 } // namespace tessit

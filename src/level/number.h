@@ -5,6 +5,7 @@
 #include "platform/array.h"
 
 #include <string>
+#include <string_view>
 
 namespace tessit {
 
@@ -12,5 +13,6 @@ namespace tessit {
 // point: signs, commas, colons, blanks and exponents count for nothing, so "7,83" is 783. Of several points the last
 // decides, and every character behind it counts as a decimal, digit or not. The empty text is 0.
 float read_number(const Array<std::string>& characters);
+float read_number(std::string_view text);
 
 } // namespace tessit

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // How a running emulated generator tells the program of its pseudo-terminal: a link "NAME" to the device in a
 // per-user folder that nobody else can write to ($XDG_RUNTIME_DIR/tessit-control, else
-// /tmp/tessit-control-UID with mode 0700). A folder that another user owns or may write to is not used.
+// /tmp/tessit-control-UID with mode 0700). A folder that another user owns or may write to is not used. Beside the link
+// the generator keeps a lock on a hidden file ".NAME.lock", which the system lets go however the generator ends: the
+// number of a killed one's pseudo-terminal is soon another's.
 #pragma once
 
 #include "platform/serial.h"
@@ -29,9 +31,10 @@ public:
 
 private:
     std::filesystem::path link_; // empty when it could not be made
+    int lock_ = -1;
 };
 
-// In alphabetical order; links whose device is gone are left out.
+// In alphabetical order. Links whose device is gone are left out; those whose generator is gone are removed.
 std::vector<SerialPort> announced_ports();
 
 } // namespace tessit

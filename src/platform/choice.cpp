@@ -54,6 +54,14 @@ void PopupMenu::set(int index, std::string text) {
     }
 }
 
+void PopupMenu::ChooseText(std::string_view text, int first) {
+    for (int index = first; index < ListCount(); ++index) {
+        if (same_text(items_[static_cast<std::size_t>(index)], text)) {
+            return SetListIndex(index);
+        }
+    }
+}
+
 int PopupMenu::find(std::string_view text) const {
     const auto found =
         std::find_if(items_.begin(), items_.end(), [&](const auto& item) { return same_text(item, text); });

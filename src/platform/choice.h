@@ -29,7 +29,8 @@ public:
     void ReplaceRows(std::vector<std::string> items);
 
     int ListIndex() const { return list_index_; }
-    void SetListIndex(int index); // an index beyond the list leaves everything as it was
+    void SetListIndex(int index);                          // an index beyond the list leaves everything as it was
+    void ChooseText(std::string_view text, int first = 0); // from this index on; without such an entry nothing changes
     const std::string& Text() const { return text_; }
 
     void choose(int index); // user input

@@ -11,8 +11,20 @@ EditField::EditField(Window& window, const ControlDesign& design, EditFieldDesig
     : Control(window, design), own_(std::move(own)), styled_(accepted(own_.text)), text_size_(own_.text_size) {}
 
 std::string EditField::accepted(std::string_view text) const {
-    std::string result = with_carriage_returns(text);
-    return own_.multiline ? result : ReplaceAll(result, "\r", "");
+    const std::string result = with_carriage_returns(text);
+    return own_.multiline ? result : in_one_line(result);
+}
+
+// Lines are never glued: "100" and "200" are no 100200.
+std::string EditField::in_one_line(std::string_view text) const {
+    std::string line;
+    for (const std::string& piece : Split(text, "\r")) {
+        if (!piece.empty() && !line.empty()) {
+            line += own_.line_end ? own_.line_end() : " ";
+        }
+        line += piece;
+    }
+    return line;
 }
 
 void EditField::SetText(std::string_view text) {
@@ -50,7 +62,7 @@ TextStyle EditField::input_style() const {
     return chosen_style_.value_or(styled_.style_for_input(selection_.start));
 }
 
-void EditField::toggle(bool TextStyle::*property) {
+void EditField::toggle(TextFlag property) {
     const auto [start, length] = selection_;
     if (length == 0) {
         TextStyle style = input_style();
@@ -126,7 +138,13 @@ void EditField::edit(const tessit::StyledText& text) {
     if (own_.limit_text > 0 && length > own_.limit_text && length > Len(Text())) {
         return show_change();
     }
-    from_user("TextChange", [&] { take(text); });
+    const bool text_differs = text.Text() != Text();
+    from_user("TextChange", [&] {
+        take(text);
+        if (text_differs) {
+            raise("Edit", own_.on_edit);
+        }
+    });
 }
 
 void EditField::leave() {

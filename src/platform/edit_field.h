@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A text field. LF and CR LF become CR as text comes in; a single-line field holds no line end at all. Every field's
-// text has styles, which the printed page shows; in the window a styled field shows them.
+// A text field. LF and CR LF become CR as text comes in; in a single-line field what stands for line ends takes their
+// place. Every field's text has styles, which the printed page shows; in the window a styled field shows them.
 #pragma once
 
 #include "platform/control.h"
@@ -20,9 +20,12 @@ struct EditFieldDesign {
     bool styled = false; // shows styles; only where multiline
     int text_size = 0;   // in points; 0 for the system's size
     Color back_color{0xFFFFFF};
-    bool typed_behind = false; // the text is a prompt: the keyboard enters the field behind it
-    std::function<bool(const std::string& key)> on_key_down{}; // true: the key is used up
+    bool typed_behind = false;               // the text is a prompt: the keyboard enters the field behind it
+    std::function<std::string()> line_end{}; // what stands for line ends in a single line; none: a blank
+    // Any key but a bare modifier; the text is empty for a shortcut and a key without a character. True: used up.
+    std::function<bool(const std::string& key)> on_key_down{};
     std::function<void()> on_text_change{};
+    std::function<void()> on_edit{}; // the user changed the text, by whatever means; after the change
     std::function<void()> on_lost_focus{};
 };
 
@@ -73,8 +76,9 @@ public:
 
 private:
     std::string accepted(std::string_view text) const;
+    std::string in_one_line(std::string_view text) const;
     void take(tessit::StyledText next);
-    void toggle(bool TextStyle::*property);
+    void toggle(TextFlag property);
     TextStyle input_style() const;
 
     const EditFieldDesign own_;

@@ -2,11 +2,14 @@
 #include "platform/file_replacement.h"
 
 #include "platform/fault.h"
+#include "platform/file_kind.h"
 
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <optional>
+#include <string>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -45,26 +48,46 @@ void sync_folder(const fs::path& folder) {
     }
 }
 
+[[noreturn]] void cannot_be_created(const fs::path& target, const std::string& reason) {
+    throw Fault(FaultKind::write_failed, "The file \"" + target.string() + "\" could not be created: " + reason + ".");
+}
+
+// The mode of the file that is to be replaced; none where nothing is yet.
+std::optional<mode_t> mode_to_keep(const fs::path& target, const fs::path& file) {
+    struct stat status = {};
+    if (stat(file.c_str(), &status) != 0) {
+        if (errno != ENOENT) {
+            cannot_be_created(target, std::strerror(errno));
+        }
+        return std::nullopt;
+    }
+    const char* reason = why_no_ordinary_file(status.st_mode);
+    if (reason != nullptr && !S_ISCHR(status.st_mode)) {
+        cannot_be_created(target, reason);
+    }
+    if (reason == nullptr && (status.st_mode & any_write_bit) == 0) {
+        cannot_be_created(target, std::strerror(EACCES));
+    }
+    if (access(file.c_str(), W_OK) != 0) {
+        cannot_be_created(target, std::strerror(errno));
+    }
+    return status.st_mode;
+}
+
 } // namespace
 
 std::unique_ptr<FileReplacement> FileReplacement::create(const fs::path& target) {
     const fs::path file = resolved(target);
-    struct stat status {};
-    const bool exists = stat(file.c_str(), &status) == 0;
-    if (exists && !S_ISREG(status.st_mode)) {
-        const int descriptor = S_ISCHR(status.st_mode) ? open(file.c_str(), O_WRONLY | O_CLOEXEC) : -1;
-        return descriptor < 0 ? nullptr
-                              : std::unique_ptr<FileReplacement>(new FileReplacement(descriptor, file, fs::path()));
-    }
-    if (exists && ((status.st_mode & any_write_bit) == 0 || access(file.c_str(), W_OK) != 0)) {
-        return nullptr;
-    }
-    std::string beside = (file.parent_path() / ".tessit-XXXXXX").string();
-    const int descriptor = mkostemp(beside.data(), O_CLOEXEC);
+    const auto old_mode = mode_to_keep(target, file);
+    const bool in_place = old_mode && S_ISCHR(*old_mode);
+    std::string beside = in_place ? "" : (file.parent_path() / ".tessit-XXXXXX").string();
+    const int descriptor = in_place ? open(file.c_str(), O_WRONLY | O_CLOEXEC) : mkostemp(beside.data(), O_CLOEXEC);
     if (descriptor < 0) {
-        return nullptr;
+        cannot_be_created(target, std::strerror(errno));
     }
-    fchmod(descriptor, exists ? status.st_mode & 07777 : default_mode());
+    if (!in_place) {
+        fchmod(descriptor, old_mode ? *old_mode & 07777 : default_mode());
+    }
     return std::unique_ptr<FileReplacement>(new FileReplacement(descriptor, file, beside));
 }
 

@@ -16,8 +16,9 @@ namespace tessit {
 
 class FileReplacement {
 public:
-    // Nil when the file can't be created: no such folder, no right to write there, a file marked read-only (for root
-    // too), a folder or a pipe in its place. A character device is written in place.
+    // Never null. Raises Fault write_failed with the reason when the file can't be created: no such folder, no right to
+    // write there, a file marked read-only (for root too), a name too long, a folder or a pipe in its place. A
+    // character device is written in place.
     static std::unique_ptr<FileReplacement> create(const std::filesystem::path& target);
 
     FileReplacement(const FileReplacement&) = delete;

@@ -5,7 +5,6 @@
 #include "platform/fault.h"
 
 #include <memory>
-#include <string>
 #include <utility>
 
 namespace tessit {
@@ -15,27 +14,19 @@ public:
     Ref() = default;
     Ref(std::unique_ptr<T> object) : object_(std::move(object)) {}
 
-    // Nil, with what the fault says when it is used all the same.
-    static Ref nil(std::string reason) {
-        Ref ref;
-        ref.nil_reason_ = std::move(reason);
-        return ref;
-    }
-
     bool is_nil() const { return object_ == nullptr; }
     T* operator->() const { return &get(); }
     T& operator*() const { return get(); }
 
     T& get() const {
         if (object_ == nullptr) {
-            throw Fault(FaultKind::nil_object, nil_reason_);
+            throw Fault(FaultKind::nil_object, "An object that does not exist was used.");
         }
         return *object_;
     }
 
 private:
     std::unique_ptr<T> object_;
-    std::string nil_reason_ = "An object that does not exist was used.";
 };
 
 } // namespace tessit

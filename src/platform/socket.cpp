@@ -68,7 +68,7 @@ void TCPSocket::failed() {
     }
 }
 
-// The handler may close the window: nothing of this object is touched behind it.
+// The handler may close the window: nothing of this object is touched after it.
 void TCPSocket::from_loop(const char* event, const std::function<void()>& handler) {
     window_.application().from_user(window_.name() + "." + design_.name + "_" + event, handler);
 }

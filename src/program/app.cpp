@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The program as a whole: its start and end, and the doors through which windows reach what stands above them.
 #include "core/app.h"
 
 #include "composer/compose_window.h"
@@ -6,12 +7,29 @@
 #include "core/popup_window.h"
 #include "device/read_window.h"
 #include "editor/edit_window.h"
-#include "level/number.h"
-#include "platform/text.h"
 #include "program/main_window.h"
 #include "program/menus.h"
 
 namespace tessit {
+
+namespace {
+
+template <class Access> DocumentWindow* active_document(App& app, Access access) {
+    switch (app.myactivewindow) {
+    case document::editor:
+        return access(app.editwindow);
+    case document::consolidator:
+        return access(app.consolidatorWindow);
+    case document::composer:
+        return access(app.composewindow);
+    case document::reader:
+        return access(app.ReadZPWindow);
+    default:
+        return nullptr;
+    }
+}
+
+} // namespace
 
 App::App(Desktop& desktop, const Version& program_version) : Application(desktop, program_version, make_menu_bar()) {}
 
@@ -20,22 +38,17 @@ void App::start() {
     from_user("App.start", [this] { Window1.get(); });
 }
 
-float App::strintR(const std::string& text) {
-    chrarray = characters(text);
-    return read_number(chrarray);
+Serial& App::serial_line() {
+    return Window1->serial_port;
 }
 
 DocumentWindow* App::front_document() {
-    switch (myactivewindow) {
-    case document::editor:
-        return &editwindow.get();
-    case document::composer:
-        return &composewindow.get();
-    case document::reader:
-        return &ReadZPWindow.get();
-    default:
-        return nullptr;
-    }
+    return active_document(*this, [](auto& window) -> DocumentWindow* { return &window.get(); });
+}
+
+DocumentWindow* App::open_document() {
+    return active_document(*this,
+                           [](auto& window) -> DocumentWindow* { return window.exists() ? &window.get() : nullptr; });
 }
 
 void App::save_settings_and_quit() {
@@ -43,13 +56,12 @@ void App::save_settings_and_quit() {
     Quit();
 }
 
-bool App::_FileExitProgram_Action() {
-    save_settings_and_quit();
-    return true;
-}
-
 void App::show_main_window() {
     Window1->Show();
+}
+
+void App::hide_main_window() {
+    Window1->Hide();
 }
 
 void App::fault_caught() {

@@ -1,38 +1,15 @@
 // SPDX-License-Identifier: MIT
-// The Edit menu's commands on the rows of level tables. None but Edit Protocol sets a change flag.
-#include "composer/compose_window.h"
+// The Edit menu's commands. None but Edit Protocol sets a change flag.
+#include "consolidator/consolidator_window.h"
 #include "core/app.h"
 #include "device/read_window.h"
 #include "editor/edit_window.h"
-#include "files/protocol_file.h"
+#include "platform/clipboard.h"
 #include "platform/text.h"
 
 namespace tessit {
 
 namespace {
-
-constexpr const char* editor_title = "Zephon Protocol Editor";
-constexpr const char* composer_title = "Protocol Composer";
-
-void remove_selected_level(Listbox& table) {
-    if (table.ListIndex() > 0) {
-        table.RemoveRow(table.ListIndex());
-        renumber_levels(table);
-    }
-}
-
-enum class Insertion { done, table_full };
-
-Insertion insert_above_selected(App& app, Listbox& table) {
-    app.row = table.ListIndex();
-    if (table.ListCount() > most_levels) {
-        app.MsgBox("All 50 levels are full");
-        return Insertion::table_full;
-    }
-    table.InsertRow(table.ListIndex(), Str(table.ListCount()));
-    renumber_levels(table);
-    return Insertion::done;
-}
 
 void set_shape_and_duty(Listbox& table, std::string_view shape, std::string_view duty) {
     for (int row = 0; row < table.ListCount(); ++row) { // the empty row 0 too
@@ -42,10 +19,8 @@ void set_shape_and_duty(Listbox& table, std::string_view shape, std::string_view
 }
 
 void take_levels_over(App& app) {
-    const Listbox& table = app.editwindow->edit_displayBox;
     for (int i = 0; i < most_levels; ++i) { // generator data stands from index 0 on
-        if (table.LastIndex() >= most_levels) {
-            app.ShowModal(no_room_dialog());
+        if (app.editwindow->refuses_another_level()) {
             return;
         }
         if (i + 1 >= app.ReadZPWindow->displaybox.ListCount()) {
@@ -59,40 +34,51 @@ void take_levels_over(App& app) {
 
 } // namespace
 
+// Cut, Copy and Paste serve the frequency list alone, whichever window is in front.
+
+bool App::_EditCopy_Action() {
+    Clipboard clipboard(desktop());
+    clipboard.SetText(consolidatorWindow->freqdisplayfield.SelText());
+    clipboard.Close();
+    return true;
+}
+
+bool App::_EditCut_Action() {
+    Clipboard clipboard(desktop());
+    clipboard.SetText(consolidatorWindow->freqdisplayfield.SelText());
+    consolidatorWindow->freqdisplayfield.SetSelText("");
+    clipboard.Close();
+    return true;
+}
+
+bool App::_EditPaste_Action() {
+    Clipboard clipboard(desktop());
+    if (clipboard.TextAvailable()) {
+        EditField& list = consolidatorWindow->freqdisplayfield;
+        list.SetText(clipboard.Text()); // in place of the whole list, whatever is selected
+        const char last = list.Text().empty() ? '\0' : list.Text().back();
+        if (use_euro && last != ':') {
+            list.SetText(list.Text() + " :");
+        } else if (!use_euro && last != ',') {
+            list.SetText(list.Text() + ",");
+        }
+    }
+    clipboard.Close();
+    return true;
+}
+
 bool App::_EditDeleteRow_Action() {
-    if (myactivewindow == document::editor) {
-        remove_selected_level(editwindow->edit_displayBox);
-        editwindow->add_up_cells(0, PlainSeconds::out_of_bounds);
-        editwindow->FreqField.SetFocus();
-    } else if (myactivewindow == document::composer) {
-        remove_selected_level(composewindow->compose_displayBox); // the composer's totals stay as they were
+    if (DocumentWindow* document = open_document()) {
+        document->delete_selected_level();
     }
     MenuBar1.item("EditDeleteRow").SetEnabled(false); // until the window's rules are asked again
     return true;
 }
 
 bool App::_EditInsertRow_Action() {
-    const std::string title = title_of_last_document(*this, MainPanel::is_passed_over);
-    if (same_text(title, editor_title)) {
-        Listbox& table = editwindow->edit_displayBox;
-        if (table.ListIndex() > 0) {
-            if (insert_above_selected(*this, table) == Insertion::table_full) {
-                return true;
-            }
-            insert = true;
-        }
-        table.SetListIndex(row); // with nothing selected, the row that was worked on before
-        editwindow->FreqField.SetFocus();
-    } else if (same_text(title, composer_title)) {
-        Listbox& table = composewindow->compose_displayBox;
-        if (table.ListIndex() > 0) {
-            if (insert_above_selected(*this, table) == Insertion::table_full) {
-                return true;
-            }
-            table.SetListIndex(row);
-            table.SetScrollPosition(table.ListCount() - 7);
-        }
-        insert = true; // also where nothing was selected, unlike the editor
+    DocumentWindow* document = last_document(*this, MainPanel::is_passed_over);
+    if (document != nullptr && document->insert_level() == Insertion::table_full) {
+        return true;
     }
     MenuBar1.item("EditDeleteRow").SetEnabled(false);
     return true;

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The File menu's commands on protocols, and the two ways between a protocol file and the register image.
-#include "composer/compose_window.h"
-#include "consolidator/list_file.h"
 #include "core/app.h"
 #include "core/deployment.h"
 #include "core/popup_window.h"
-#include "device/read_window.h"
+#include "device/settings_window.h"
 #include "editor/edit_window.h"
+#include "files/export_file.h"
+#include "files/list_file.h"
 #include "files/protocol_file.h"
 #include "platform/text.h"
 
@@ -20,12 +20,10 @@ std::string file_problem(const std::string& what) {
 
 // Rows from the stream until its end, or until the table is full.
 void show_records(App& app, BinaryInputStream& stream) {
-    const Listbox& table = app.editwindow->edit_displayBox;
     auto& progress = app.popupwindow->ProgressBar1;
     for (int level = app.start_level; !stream.EndOfFile(); ++level) {
         read_record(stream, app, level);
-        if (table.LastIndex() >= most_levels) {
-            app.ShowModal(no_room_dialog());
+        if (app.editwindow->refuses_another_level()) {
             return;
         }
         if (app.db3[level] != 0) { // a blank level takes an index but no row
@@ -37,7 +35,7 @@ void show_records(App& app, BinaryInputStream& stream) {
 }
 
 void open_protocol(App& app, const FolderItem& file) {
-    auto stream = file.OpenAsBinaryFile();
+    auto stream = file.OpenAsBinaryFile(most_protocol_bytes);
     app.filename = Replace(file.DisplayName(), protocol_extension, "");
     EditField& name = app.editwindow->namefield;
     const bool appended = app.editwindow->edit_displayBox.LastIndex() > 1;
@@ -52,6 +50,19 @@ void open_protocol(App& app, const FolderItem& file) {
 }
 
 } // namespace
+
+std::string_view App::opening_entry(const FolderItem& file) const {
+    const std::string extension = file.path().extension().string();
+    if (same_text(extension, list_extension)) {
+        return "ConsolidatorOpen";
+    }
+    return same_text(extension, protocol_extension) ? "FileOpen" : "";
+}
+
+void App::open_file(const FolderItem& file) {
+    const auto entry = opening_entry(file);
+    choose_menu(entry.empty() ? "FileOpen" : entry, file);
+}
 
 bool App::_FileOpen_Action() {
     datareset(); // before the dialog: a dismissed one leaves an empty image too
@@ -70,7 +81,7 @@ void App::loaddata(const std::optional<FolderItem>& file) {
     if (!file) {
         return;
     }
-    auto stream = file->OpenAsBinaryFile();
+    auto stream = file->OpenAsBinaryFile(most_protocol_bytes);
     for (int i = 1; !stream->EndOfFile(); ++i) {
         read_record(*stream, *this, i);
     }
@@ -78,21 +89,23 @@ void App::loaddata(const std::optional<FolderItem>& file) {
 }
 
 bool App::_FileSave_Action() {
-    if (myactivewindow == document::editor) {
-        filename = editwindow->namefield.Text();
-        writezpFile();
-        editchanged = false; // also when the dialog was dismissed
-    } else if (myactivewindow == document::consolidator) {
-        save_frequency_list(*this);
-    } else if (myactivewindow == document::composer) {
-        filename = composewindow->namefield.Text();
-        writezpFile();
-        composechanged = false;
-    } else if (myactivewindow == document::reader) {
-        filename = ReadZPWindow->bankfield.Text();
-        writezpFile();
-        readchanged = false;
+    if (DocumentWindow* document = front_document()) {
+        document->save();
     }
+    return true;
+}
+
+bool App::_FileExport_Action() {
+    filetype = export_extension;
+    const auto file = GetSaveFolderItem(export_file_type(), filename + export_extension);
+    settings_window->outputfield.SetText("serial port," + Str(portnum)); // whatever the dialog gave
+    if (!file) {
+        return true;
+    }
+    DocumentWindow* document = open_document();
+    auto stream = file->CreateTextFile();
+    stream->WriteLine(export_text(document == nullptr ? nullptr : document->table_to_export()));
+    stream->Close();
     return true;
 }
 
@@ -147,6 +160,11 @@ bool App::_FileCreateNewFile_Action() {
 
 bool App::_FileQuitEditor_Action() {
     editwindow.Close();
+    return true;
+}
+
+bool App::_FileExitProgram_Action() {
+    save_settings_and_quit();
     return true;
 }
 

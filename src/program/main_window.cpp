@@ -2,14 +2,24 @@
 #include "program/main_window.h"
 
 #include "core/deployment.h"
+#include "core/enable_rules.h"
 #include "device/load_direct_window.h"
 #include "device/settings_window.h"
 #include "files/settings_file.h"
 #include "platform/text.h"
-#include "program/menus.h"
 #include "support/support_mail.h"
 
 namespace tessit {
+
+namespace {
+
+const EnableRules rules{
+    .enables = {"ZephonLoadFromFile"},
+    .disables = {"FileSave", "FileExport", "FilePrint", "EditCut", "EditCopy", "EditPaste", "EditDeleteRow",
+                 "EditEditProtocol", "ZephonLoadDirect", "EditInsertRow", "ConsolidatorQuit", "SettingsSaveSettings"},
+};
+
+} // namespace
 
 void MainWindow::Event_Open() {
     app.seperator = ":";
@@ -90,7 +100,7 @@ void MainWindow::Event_Close() {
 }
 
 void MainWindow::Event_EnableMenuItems() {
-    enable_rules::Window1.apply(app.MenuBar1);
+    rules.apply(app.MenuBar1);
 }
 
 } // namespace tessit

@@ -5,7 +5,6 @@
 #include "device/read_window.h"
 #include "report/page.h"
 #include "report/page_setup_window.h"
-#include "report/printed_document.h"
 #include "report/qc_window.h"
 
 namespace tessit {
@@ -13,24 +12,24 @@ namespace tessit {
 namespace {
 
 // A main panel that is visible behind the document is what is found, and then nothing is printed.
-const PrintedDocument* document_to_print(const App& app) {
-    return printed_document(title_of_last_document(app, MainPanel::counts));
+DocumentWindow* document_to_print(const App& app) {
+    return last_document(app, MainPanel::counts);
 }
 
 BlockText block_text(const EditField& field) {
     return {.text = field.StyledText(), .size = field.TextSize()};
 }
 
-ReportTable report_table(App& app, const PrintedDocument& document) {
-    const Listbox& table = document.table(app);
+ReportTable report_table(App& app, const LevelTable& document) {
+    const Listbox& table = document.rows;
     if (app.cwidth.count() < table.ColumnCount()) { // no document window has opened its table so far
         throw Fault(FaultKind::out_of_bounds,
                     "There is no table to print yet. Choose a serial port and read a bank first.");
     }
     ReportTable result{.columns = {},
                        .rows = {},
-                       .total_frequencies = document.total_frequencies(app).Text(),
-                       .total_time = document.total_time(app).Text()};
+                       .total_frequencies = document.total_frequencies.Text(),
+                       .total_time = document.total_time.Text()};
     for (int column = 0; column < table.ColumnCount(); ++column) {
         result.columns.push_back({.heading = table.Heading(column),
                                   .width = truncate(app.strintR(app.cwidth[column])),
@@ -72,27 +71,27 @@ QcLine qc_line(App& app) {
             .protocol = sized(window.protocolfield, 10)};
 }
 
-std::vector<DrawBlock> blocks_above(App& app, const PrintedDocument& document) {
-    if (document.name == nullptr) {
+std::vector<DrawBlock> blocks_above(App& app, const DocumentWindow& document) {
+    if (document.heading() == Heading::quality_line) {
         return qc_blocks(qc_line(app));
     }
     return {heading_block(block_text(app.pgsetupwindow->headingfield))};
 }
 
-Page report_page(App& app, const PrintedDocument& document, Graphics& graphics) {
-    if (document.table == nullptr) {
-        return list_page(block_text(app.pgsetupwindow->headingfield), block_text(document.list(app)),
-                         block_text(app.pgsetupwindow->footerfield));
+Page report_page(App& app, DocumentWindow& document, Graphics& graphics) {
+    if (const auto table = document.level_table()) {
+        return table_page(
+            report_table(app, *table), blocks_above(app, document), block_text(app.pgsetupwindow->footerfield),
+            [&](const std::string& text, const PageFont& font) { return graphics.StringWidth(text, font); });
     }
-    return table_page(report_table(app, document), blocks_above(app, document),
-                      block_text(app.pgsetupwindow->footerfield),
-                      [&](const std::string& text, const PageFont& font) { return graphics.StringWidth(text, font); });
+    return list_page(block_text(app.pgsetupwindow->headingfield), block_text(*document.list()),
+                     block_text(app.pgsetupwindow->footerfield));
 }
 
 } // namespace
 
 void App::Print() {
-    const PrintedDocument* document = document_to_print(*this);
+    DocumentWindow* document = document_to_print(*this);
     if (document == nullptr) {
         return;
     }
@@ -102,14 +101,14 @@ void App::Print() {
 }
 
 void App::pagesetup() {
-    const PrintedDocument* document = document_to_print(*this);
+    DocumentWindow* document = document_to_print(*this);
     if (document == nullptr) {
         return;
     }
-    if (document->name == nullptr) {
+    if (document->heading() == Heading::quality_line) {
         return qcsetupwindow->Show();
     }
-    pgsetupwindow->headingfield.SetText(document->name(*this).Text());
+    pgsetupwindow->headingfield.SetText(document->name_field().Text());
     pgsetupwindow->Show();
 }
 

@@ -34,6 +34,7 @@ void Activation::bring_to_front(WindowWidget& window) {
 void Activation::show_behind(WindowWidget& window) {
     window.setAttribute(Qt::WA_ShowWithoutActivating, true);
     window.show();
+    window.raise(); // one that was to be seen already stands above those that are shown before it
     window.setAttribute(Qt::WA_ShowWithoutActivating, false);
     shown_behind_ = true;
 }

@@ -3,8 +3,6 @@
 
 #include "qt/widget_text.h"
 
-#include <QFile>
-#include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -49,24 +47,6 @@ void set_texts(QMessageBox& box, const std::string& message, const std::string& 
     }
 }
 
-QString filter_of(const FileType& type) {
-    return to_widget(type.Name) + QLatin1String(" (*") + to_widget(type.Extensions) + QLatin1Char(')');
-}
-
-void prepare(QFileDialog& dialog, const FileRequest& request) {
-    dialog.setOption(QFileDialog::DontUseNativeDialog); // alike everywhere, and its suffix rules are known
-    dialog.setDirectory(QFile::decodeName(request.start_folder.path().c_str()));
-    dialog.setNameFilter(filter_of(request.type));
-}
-
-std::optional<FolderItem> chosen_in(QFileDialog& dialog) {
-    ++shown;
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
-        return std::nullopt;
-    }
-    return FolderItem(QFile::encodeName(dialog.selectedFiles().front()).toStdString());
-}
-
 } // namespace
 
 DialogAnswer show_dialog(QWidget* parent, const MessageDialog& dialog) {
@@ -91,7 +71,7 @@ DialogAnswer show_dialog(QWidget* parent, const MessageDialog& dialog) {
     if (answer != nullptr && answer == alternate) {
         return DialogAnswer::alternate;
     }
-    return answer != nullptr && answer == cancel ? DialogAnswer::cancel : DialogAnswer::action;
+    return answer != nullptr && answer == action ? DialogAnswer::action : DialogAnswer::cancel;
 }
 
 void show_fault(QWidget* parent, const FaultReport& report) {
@@ -105,36 +85,6 @@ void show_fault(QWidget* parent, const FaultReport& report) {
     box.addButton(QMessageBox::Ok);
     ++shown;
     box.exec();
-}
-
-std::optional<FolderItem> choose_open_file(QWidget* parent, const FileRequest& request) {
-    QFileDialog dialog(parent, QFileDialog::tr("Open"));
-    dialog.setObjectName(QStringLiteral("open_dialog"));
-    prepare(dialog, request);
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    return chosen_in(dialog);
-}
-
-std::optional<FolderItem> choose_save_file(QWidget* parent, const FileRequest& request) {
-    QFileDialog dialog(parent, QFileDialog::tr("Save"));
-    dialog.setObjectName(QStringLiteral("save_dialog"));
-    prepare(dialog, request);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    const QString suffix = to_widget(request.type.Extensions);
-    dialog.setDefaultSuffix(suffix.startsWith(QLatin1Char('.')) ? suffix.mid(1) : suffix);
-    dialog.selectFile(harmless_file_name(request.default_name));
-    return chosen_in(dialog);
-}
-
-QString harmless_file_name(const std::string& name) {
-    QString result = to_widget(name);
-    for (QChar& character : result) {
-        if (character == QLatin1Char('/') || character == QLatin1Char('\\') || character.unicode() < 0x20) {
-            character = QLatin1Char('-');
-        }
-    }
-    return result;
 }
 
 int dialogs_shown() {

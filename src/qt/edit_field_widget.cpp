@@ -43,7 +43,33 @@ bool is_shortcut(const QKeyEvent& event) {
     return modifiers != Qt::NoModifier;
 }
 
+// Held down for another key, or a lock.
+bool is_modifier(int key) {
+    switch (key) {
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Meta:
+    case Qt::Key_Alt:
+    case Qt::Key_AltGr:
+    case Qt::Key_Mode_switch:
+    case Qt::Key_Super_L:
+    case Qt::Key_Super_R:
+    case Qt::Key_Hyper_L:
+    case Qt::Key_Hyper_R:
+    case Qt::Key_CapsLock:
+    case Qt::Key_NumLock:
+    case Qt::Key_ScrollLock:
+        return true;
+    default:
+        return false;
+    }
+}
+
+// The character; empty for a shortcut and for a key that has none.
 std::string key_text(const QKeyEvent& event) {
+    if (is_shortcut(event)) {
+        return "";
+    }
     switch (event.key()) {
     case Qt::Key_Return:
         return ChrB(keys::return_);
@@ -53,7 +79,7 @@ std::string key_text(const QKeyEvent& event) {
     case Qt::Key_Backtab:
         return "";
     default:
-        return is_shortcut(event) ? "" : event.text().toStdString();
+        return event.text().toStdString();
     }
 }
 
@@ -107,9 +133,7 @@ bool FieldWidget::eventFilter(QObject*, QEvent* event) {
 }
 
 bool FieldWidget::key_used_up(const QKeyEvent& event) {
-    const bool with_keys = (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
-    const bool enters = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    return !(enters && with_keys) && used_up(key_text(event));
+    return !is_modifier(event.key()) && used_up(key_text(event));
 }
 
 // Input methods deliver finished text without key presses.
@@ -123,9 +147,7 @@ bool FieldWidget::commit_used_up(const QInputMethodEvent& event) {
 
 bool FieldWidget::used_up(const std::string& key) {
     bool result = false;
-    if (!key.empty()) {
-        tell([&] { result = field_.key_down(key); });
-    }
+    tell([&] { result = field_.key_down(key); });
     return result || !attached();
 }
 
@@ -168,6 +190,9 @@ LineFieldWidget::LineFieldWidget(EditField& field, QWidget& parent)
     : FieldWidget(field, *new QLineEdit(&parent)), edit_(static_cast<QLineEdit&>(widget())) {
     edit_.setAlignment(alignment_of(field.own().align) | Qt::AlignVCenter);
     edit_.setReadOnly(field.own().read_only);
+    if (field.own().limit_text > 0) {
+        edit_.setMaxLength(field.own().limit_text);
+    }
     connect(&edit_, &QLineEdit::textChanged, this, [this](const QString& text) { edited(text); });
 }
 

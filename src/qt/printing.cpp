@@ -7,6 +7,7 @@
 #include "qt/page_painter.h"
 
 #include <QBuffer>
+#include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QPageLayout>
@@ -66,13 +67,15 @@ public:
     }
 
     void print(const Page& page) override {
-        QPainter painter(&writer_);
-        paint_page(painter, page);
-        painter.end();
-        const auto file = FileReplacement::create(target_);
-        if (file == nullptr) {
-            fail("The file \"" + target_.string() + "\" could not be created.");
+        QPainter painter;
+        const bool begun = painter.begin(&writer_);
+        if (begun) {
+            paint_page(painter, page);
         }
+        if (!begun || !painter.end()) {
+            fail("The file \"" + target_.string() + "\" could not be written: The page could not be painted.");
+        }
+        const auto file = FileReplacement::create(target_);
         const auto* first = reinterpret_cast<const std::uint8_t*>(bytes_.data().constData());
         file->write({first, static_cast<std::size_t>(bytes_.size())});
         file->commit();
@@ -92,15 +95,19 @@ void leave_out_page_options(QPrintDialog& dialog) {
     }
 }
 
-// The dialog proposes a file's name on some window systems, on others its folder alone.
+// The dialog proposes a file's name on some window systems and in some versions of Qt, elsewhere its folder alone.
 void propose_file_name(QPrintDialog& dialog) {
     auto* file = dialog.findChild<QLineEdit*>(QStringLiteral("filename"));
-    if (file != nullptr && file->text().endsWith(QLatin1Char('/'))) {
-        file->setText(file->text() + QLatin1String(document_name) + QLatin1String(".pdf"));
+    if (file != nullptr && dialog.printer()->outputFileName().isEmpty()) {
+        file->setText(QDir::homePath() + QLatin1Char('/') + QLatin1String(document_name) + QLatin1String(".pdf"));
     }
 }
 
 } // namespace
+
+std::unique_ptr<Graphics> system_printer(QPrinter& printer) {
+    return std::make_unique<SystemPrinter>(printer);
+}
 
 PrinterChoice::PrinterChoice() = default;
 PrinterChoice::~PrinterChoice() = default;
@@ -124,7 +131,7 @@ std::unique_ptr<Graphics> PrinterChoice::ask(QWidget* parent) {
     if (printer_->outputFormat() == QPrinter::PdfFormat) {
         return std::make_unique<PdfFile>(*printer_);
     }
-    return std::make_unique<SystemPrinter>(*printer_);
+    return system_printer(*printer_);
 }
 
 } // namespace tessit::qt

@@ -11,6 +11,8 @@ class QPrinter;
 
 namespace tessit::qt {
 
+std::unique_ptr<Graphics> system_printer(QPrinter& printer); // prints at once
+
 // Remembers what was chosen last, for as long as the program runs.
 class PrinterChoice {
 public:

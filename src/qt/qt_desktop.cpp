@@ -3,6 +3,7 @@
 
 #include "platform/application.h"
 #include "qt/dialogs.h"
+#include "qt/file_dialogs.h"
 #include "qt/logo.h"
 #include "qt/look.h"
 #include "qt/widget_text.h"
@@ -54,7 +55,8 @@ int QtDesktop::run() {
 
 FolderItem QtDesktop::program_folder() {
     const QString beside_program = QCoreApplication::applicationDirPath();
-    if (QFileInfo(beside_program).isWritable()) {
+    const bool installed = QDir(beside_program).exists(QStringLiteral("../share/tessit-control"));
+    if (!installed && QFileInfo(beside_program).isWritable()) {
         return FolderItem(QFile::encodeName(beside_program).toStdString());
     }
     const QString own = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
@@ -163,7 +165,7 @@ WindowWidget& QtDesktop::make_widget(Window& window) {
     widget->place_on_screen(active_widget());
     const auto last_place = last_places_.find(window.name());
     if (last_place != last_places_.end() && !widget->is_notice()) {
-        widget->setGeometry(last_place->second);
+        widget->restoreGeometry(last_place->second); // on a screen that there still is
     }
     return *widget;
 }
@@ -194,7 +196,7 @@ void QtDesktop::window_hidden(Window& window) {
 void QtDesktop::window_closed(Window& window) {
     std::erase(waiting_, &window);
     if (WindowWidget* widget = widget_of(window)) {
-        last_places_[window.name()] = widget->geometry();
+        last_places_[window.name()] = widget->saveGeometry();
         widget->forget_model();
         std::erase(closed_, nullptr);
         closed_.emplace_back(widget);

@@ -14,6 +14,7 @@
 #include "qt/window_widget.h"
 
 #include <QApplication>
+#include <QByteArray>
 #include <QPointer>
 #include <map>
 #include <string>
@@ -38,7 +39,7 @@ public:
     Clock& clock() override { return clock_; }
     SerialPorts& serial_ports() override { return serial_ports_; }
     Sockets& sockets() override { return sockets_; }
-    FolderItem program_folder() override;                // the executable's when it can be written, else the user's own
+    FolderItem program_folder() override;                // the user's own, or the executable's where it was built
     std::vector<FolderItem> document_folders() override; // the executable's, then those of an installation
 
     DialogAnswer show_dialog(const MessageDialog& dialog) override;
@@ -76,9 +77,9 @@ private:
     PrinterChoice printer_choice_;
     std::vector<std::string> fonts_; // once they were asked for
     std::map<const Window*, QPointer<WindowWidget>> widgets_;
-    std::vector<Window*> waiting_;               // shown by the running handler, which may hide them again
-    std::map<std::string, QRect> last_places_;   // by the window's name, so that it opens again where it was
-    std::vector<QPointer<WindowWidget>> closed_; // until the event loop has deleted them
+    std::vector<Window*> waiting_;                  // shown by the running handler, which may hide them again
+    std::map<std::string, QByteArray> last_places_; // by the window's name, so that it opens again as it was
+    std::vector<QPointer<WindowWidget>> closed_;    // until the event loop has deleted them
     Application* application_ = nullptr;
     bool quit_asked_ = false;
 };

@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "report/page_setup_window.h"
 
+#include "core/enable_rules.h"
 #include "platform/text.h"
-#include "program/menus.h"
 
 namespace tessit {
+
+namespace {
+
+const EnableRules rules{.enables = {"FilePrint"}, .disables = {}};
+
+} // namespace
 
 void PageSetupWindow::Event_Open() {
     for (int index = 1; index < app.FontCount(); ++index) { // the first font is left out
@@ -39,7 +45,7 @@ void PageSetupWindow::Event_Close() {
 }
 
 void PageSetupWindow::Event_EnableMenuItems() {
-    enable_rules::pgsetupwindow.apply(app.MenuBar1);
+    rules.apply(app.MenuBar1);
 }
 
 } // namespace tessit

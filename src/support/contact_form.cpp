@@ -6,9 +6,15 @@
 
 namespace tessit {
 
+// Any key will do; nothing else looks at the address.
 bool ContactUsForm::ContactemailField_KeyDown() {
-    ContactSubmitButton.SetEnabled(true); // any key will do; nothing else looks at the address
+    ContactSubmitButton.SetEnabled(true);
     return false;
+}
+
+// What is pasted or dropped comes without a key.
+void ContactUsForm::ContactemailField_Edit() {
+    ContactSubmitButton.SetEnabled(true);
 }
 
 void ContactUsForm::ContactSubmitButton_Action() {

@@ -20,7 +20,8 @@ public:
     EditField ContactemailField{
         *this,
         {.name = "ContactemailField", .place = {166, 20, 334, 26}, .label = "Your e-mail address", .grow = Grow::width},
-        {.on_key_down = [this](const std::string&) { return ContactemailField_KeyDown(); }}};
+        {.on_key_down = [this](const std::string&) { return ContactemailField_KeyDown(); },
+         .on_edit = [this] { ContactemailField_Edit(); }}};
     StaticText StaticText2{
         *this, {.name = "StaticText2", .place = {20, 60, 480, 22}}, {.text = "Your Questions or Comments:"}};
     EditField ContactMsgField{*this,
@@ -37,6 +38,7 @@ public:
         *this, {.name = "contactSocket", .on_send_complete = [this](bool) { contactSocket_SendComplete(); }}};
 
     bool ContactemailField_KeyDown();
+    void ContactemailField_Edit();
     void ContactSubmitButton_Action();
     void contactSocket_SendComplete();
 

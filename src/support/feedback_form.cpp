@@ -5,9 +5,15 @@
 
 namespace tessit {
 
+// Any key will do; nothing else looks at the address.
 bool FeedbackForm::emailField_KeyDown() {
-    PushButton1.SetEnabled(true); // any key will do; nothing else looks at the address
+    PushButton1.SetEnabled(true);
     return false;
+}
+
+// What is pasted or dropped comes without a key.
+void FeedbackForm::emailField_Edit() {
+    PushButton1.SetEnabled(true);
 }
 
 void FeedbackForm::PushButton1_Action() {

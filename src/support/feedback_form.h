@@ -33,7 +33,8 @@ public:
     EditField emailField{
         *this,
         {.name = "emailField", .place = {632, 503, 348, 26}, .label = "Your e-mail address", .grow = Grow::width},
-        {.on_key_down = [this](const std::string&) { return emailField_KeyDown(); }}};
+        {.on_key_down = [this](const std::string&) { return emailField_KeyDown(); },
+         .on_edit = [this] { emailField_Edit(); }}};
     PushButton PushButton1{*this,
                            {.name = "PushButton1", .place = {890, 540, 90, 28}, .enabled = false},
                            {.caption = "Submit", .on_action = [this] { PushButton1_Action(); }}};
@@ -42,6 +43,7 @@ public:
         *this, {.name = "feedbackSocket", .on_send_complete = [this](bool) { feedbackSocket_SendComplete(); }}};
 
     bool emailField_KeyDown();
+    void emailField_Edit();
     void PushButton1_Action();
     void feedbackSocket_SendComplete();
 

@@ -7,6 +7,7 @@ namespace {
 
 void show_document(App& app, const char* name) {
     app.helpWindow->HTMLV.LoadPage(app.GetFolderItem("").Child(name));
+    app.helpWindow->Show(); // in front again, where it was open behind another window
 }
 
 } // namespace

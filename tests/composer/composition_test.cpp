@@ -8,22 +8,17 @@
 namespace tessit {
 
 TEST(Composition, row_totals_by_the_way_the_row_came) {
-    struct Case {
-        const char* each;
-        float frequencies;
-        const char* new_row;
-        const char* single_carry;
-    } const cases[] = {
+    const std::tuple<const char*, float, const char*, const char*> cases[] = {
         {"3:00", 1, "3:00", "3:00"},       {":10", 19, "3:10", "3:10"},
         {"1:30", 3, "4:0-150", "4:0-150"}, // sixty times all minutes go
         {":10", 6, "1:00", "0:60"},        // 59 is the limit in one, 60 in the other
         {"20:00", 4, "20:00", "80:00"},    // minutes go to hours that are not shown
         {":", 5, "0:00", "0:00"},
     };
-    for (const Case& c : cases) {
-        const ClockTime each = minutes_and_seconds(c.each);
-        EXPECT_EQ(format_row_total(row_total(each, c.frequencies, RowCarry::new_row)), c.new_row) << c.each;
-        EXPECT_EQ(format_row_total(row_total(each, c.frequencies, RowCarry::single_carry)), c.single_carry) << c.each;
+    for (const auto& [text, frequencies, new_row, single_carry] : cases) {
+        const ClockTime each = minutes_and_seconds(text);
+        EXPECT_EQ(format_row_total(row_total(each, frequencies, RowCarry::new_row)), new_row) << text;
+        EXPECT_EQ(format_row_total(row_total(each, frequencies, RowCarry::single_carry)), single_carry) << text;
     }
     EXPECT_THROW(minutes_and_seconds("180"), Fault);
     EXPECT_THROW(minutes_and_seconds(""), Fault);
@@ -42,13 +37,6 @@ TEST(Composition, bank_totals) {
 
     EXPECT_EQ(added_up({.hours = 0, .minutes = 59, .seconds = 50}, {.hours = 0, .minutes = 0, .seconds = 70}),
               (ClockTime{.hours = 1, .minutes = 1, .seconds = 0}));
-}
-
-TEST(Composition, a_sweep_comes_back_turned_round) {
-    EXPECT_EQ(loaded_back_wave("Sweep Increasing"), composer_wave::sweep_decreasing);
-    EXPECT_EQ(loaded_back_wave("sweep decreasing"), composer_wave::sweep_increasing);
-    EXPECT_EQ(loaded_back_wave("Spread Expanding"), composer_wave::spread_expanding);
-    EXPECT_EQ(loaded_back_wave(""), -1);
 }
 
 } // namespace tessit

@@ -26,10 +26,7 @@ std::string grouped(const std::vector<double>& list) {
 } // namespace
 
 TEST(Grouping, a_run_is_measured_from_its_first_member) {
-    struct Case {
-        std::vector<double> list;
-        const char* rows;
-    } const cases[] = {
+    const std::pair<std::vector<double>, const char*> cases[] = {
         {{}, ""},
         {{100}, "(100)"},
         {{120, 117.9F, 110, 100}, "120 117.9 110[5@115] (100)"},
@@ -40,17 +37,18 @@ TEST(Grouping, a_run_is_measured_from_its_first_member) {
         {{0, 50, 0, 45, 0}, "(50) (45)"},              // a 0 gives no row and ends a run
         {{10, 20, 30, 40}, "10 20[5@15] 30 40[5@35]"}, // a list sorted upward stays so
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(grouped(c.list), c.rows);
+    for (const auto& [list, rows] : cases) {
+        EXPECT_EQ(grouped(list), rows);
     }
     EXPECT_THROW(group_frequencies(Array<double>{1, 2}, 1), Fault); // no 0 behind the list
 }
 
 TEST(Grouping, every_text_has_a_mark) {
-    EXPECT_EQ(prime_text(528, DecimalMark::point), "528.");
-    EXPECT_EQ(prime_text(528, DecimalMark::comma), "528,");
-    EXPECT_EQ(prime_text(7.83F, DecimalMark::point), "7.83");
-    EXPECT_EQ(prime_text(7.83F, DecimalMark::comma), "7,83");
+    const auto primes = [](float prime) {
+        return prime_text(prime, DecimalMark::point) + " " + prime_text(prime, DecimalMark::comma);
+    };
+    EXPECT_EQ(primes(528), "528. 528,");
+    EXPECT_EQ(primes(7.83F), "7.83 7,83");
     EXPECT_EQ(center_text(123.5, DecimalMark::point), "123.5");
     EXPECT_EQ(center_text(123.5, DecimalMark::comma), "123.5,"); // keeps its point
     EXPECT_EQ(center_text(7.83F + 1.0, DecimalMark::point), "8.83");

@@ -9,8 +9,6 @@
 #include "emulator/emulated_line.h"
 #include "support/program.h"
 
-#include <gtest/gtest.h>
-
 namespace tessit::testing {
 namespace {
 
@@ -29,16 +27,19 @@ std::string stored(const Generator& generator, int bank, int level) {
     return hex({bytes.begin(), bytes.end()});
 }
 
-class LoadTest : public ::testing::Test {
+class LoadTest : public ProgramTest {
 protected:
-    Program program;
-    App& app = program.app;
     Generator generator;
-    EmulatedPorts ports{generator, program.desktop.simulated_clock};
+    EmulatedPorts ports{generator, desktop.simulated_clock};
 
     void SetUp() override {
-        program.desktop.connect(ports);
+        desktop.connect(ports);
         generator.press_receive();
+    }
+
+    void quit_editor() {
+        app.editchanged = false;
+        app.choose_menu("FileQuitEditor");
     }
 
     void choose_port() {
@@ -61,19 +62,17 @@ protected:
 
     void load_bank_7(DialogAnswer answer = DialogAnswer::action) {
         LoadDirectWindow& window = ready_to_load(7);
-        program.desktop.expect_message(std::string("Ready to load: Untitled\rInto Bank: 07") + press_keys, answer);
+        desktop.expect_message(std::string("Ready to load: Untitled\rInto Bank: 07") + press_keys, answer);
         window.LoadButton.click();
     }
 
     void load_bank_7_failing(const Failure& failure, const std::string& message) {
         generator.set_failure(failure);
         LoadDirectWindow& window = ready_to_load(7);
-        program.desktop.expect_message(std::string("Ready to load: Untitled\rInto Bank: 07") + press_keys);
-        program.desktop.expect_message(message);
+        desktop.expect_message(std::string("Ready to load: Untitled\rInto Bank: 07") + press_keys);
+        desktop.expect_message(message);
         window.LoadButton.click();
-        EXPECT_FALSE(window.loadcompleted.Visible());
-        EXPECT_FALSE(app.popupwindow.exists());
-        EXPECT_TRUE(window.LoadButton.Enabled());
+        EXPECT_TRUE(!window.loadcompleted.Visible() && !app.popupwindow.exists() && window.LoadButton.Enabled());
         EXPECT_EQ(program.levels(), 2);
     }
 };
@@ -83,37 +82,19 @@ TEST_F(LoadTest, a_port_is_chosen_and_set_up) {
     EXPECT_TRUE(app.serialselected);
     EXPECT_EQ(app.portnum, 0);
     EXPECT_EQ(app.settings_window->connectField.Text(), "Serial Port:  Zephon emulator  Connected");
-    SerialSettings expected;
-    expected.RequestToSend = true;
-    EXPECT_EQ(ports.settings(), expected);
-    EXPECT_EQ(expected.Baud, 19200);
+    EXPECT_EQ(ports.settings(), (SerialSettings{.Baud = 19200, .RequestToSend = true}));
 
-    program.desktop.expect_message("No Port Selected");
+    desktop.expect_message("No Port Selected");
     app.settings_window->Serial_box.choose(0);
     EXPECT_TRUE(app.serialselected); // "Select" leaves everything as it was
     EXPECT_EQ(app.Window1->serial_port.SerialPort().Name, "Zephon emulator");
 }
 
-TEST_F(LoadTest, a_restored_port_is_not_opened_and_not_set_up) {
-    ScriptedDesktop desktop;
-    EmulatedPorts other(generator, desktop.simulated_clock);
-    desktop.connect(other);
-    write_file(desktop.folder / "ZP2Settings.fig", "serial port,0;\n");
-    App restored(desktop, test_version);
-    restored.start();
-    EXPECT_TRUE(restored.serialselected);
-    EXPECT_FALSE(other.in_use());
-    EXPECT_FALSE(restored.Window1->serial_port.settings().RequestToSend);
-    EXPECT_EQ(restored.load_direct_window->connectField.Text(),
-              "No port selectedSerial Port:  Zephon emulator  Connected"); // added to what the field says
-    EXPECT_EQ(restored.settings_window->connectField.Text(), "Serial Port:  Zephon emulator  Connected");
-}
-
 TEST_F(LoadTest, ports_beyond_the_fourth_are_listed_and_choosing_them_changes_no_port) {
     choose_port();
-    EmulatedPorts six(generator, program.desktop.simulated_clock,
+    EmulatedPorts six(generator, desktop.simulated_clock,
                       {{"Zephon emulator", "emulated"}, {"b", "b"}, {"c", "c"}, {"d", "d"}, {"e", "e"}, {"f", "f"}});
-    program.desktop.connect(six);
+    desktop.connect(six);
     app.Window1->activate();
     app.choose_menu("SettingsSetSerialPort"); // lists what has been plugged in since
     EXPECT_EQ(app.settings_window->Serial_box.ListCount(), 7);
@@ -124,11 +105,11 @@ TEST_F(LoadTest, ports_beyond_the_fourth_are_listed_and_choosing_them_changes_no
 
 TEST_F(LoadTest, a_port_that_does_not_open_says_so_and_another_choice_works) {
     generator.hang_up(AfterHangUp::stays_away);
-    program.desktop.expect_message("The Serial Port Could Not Be Opened");
+    desktop.expect_message("The Serial Port Could Not Be Opened");
     choose_port();
     EXPECT_FALSE(app.serialselected);
     generator.plug_in();
-    program.desktop.expect_message("No Port Selected");
+    desktop.expect_message("No Port Selected");
     app.settings_window->Serial_box.choose(0);
     app.settings_window->Serial_box.choose(1);
     EXPECT_TRUE(app.serialselected);
@@ -144,10 +125,8 @@ TEST_F(LoadTest, a_table_goes_to_its_bank_and_the_generator_has_nothing_to_compl
     EXPECT_TRUE(generator.violations().empty());
     LoadDirectWindow& window = app.load_direct_window.get();
     EXPECT_EQ(window.loadcompleted.Text(), "Zephon loaded in 4 seconds");
-    EXPECT_TRUE(window.loadcompleted.Visible());
-    EXPECT_FALSE(app.popupwindow.exists());
-    EXPECT_EQ(app.addresshi, 18); // the working copy is local
-    EXPECT_EQ(app.addresslo, 192);
+    EXPECT_TRUE(window.loadcompleted.Visible() && !app.popupwindow.exists());
+    EXPECT_EQ(app.addresshi * 256 + app.addresslo, 4800); // the working copy is local
 }
 
 TEST_F(LoadTest, a_composed_table_goes_out_alike_each_time_it_is_loaded) {
@@ -160,7 +139,7 @@ TEST_F(LoadTest, a_composed_table_goes_out_alike_each_time_it_is_loaded) {
     for (int bank = 7; bank <= 8; ++bank) {
         app.choose_menu("ZephonLoadDirect");
         app.load_direct_window->bank_bt0.choose(bank);
-        program.desktop.expect_message("Ready to load: \rInto Bank: 0" + Str(bank) + press_keys);
+        desktop.expect_message("Ready to load: \rInto Bank: 0" + Str(bank) + press_keys);
         app.load_direct_window->LoadButton.click();
         EXPECT_EQ(app.front_window(), &app.load_direct_window.get());
         EXPECT_EQ(stored(generator, bank, 1), "00 1e 96 08 00 03 15 07 00 00 01 24 ff ff ff ff");
@@ -170,32 +149,23 @@ TEST_F(LoadTest, a_composed_table_goes_out_alike_each_time_it_is_loaded) {
     }
 }
 
-TEST_F(LoadTest, cancelling_the_question_sends_nothing) {
+TEST_F(LoadTest, what_is_cancelled_or_refused_sends_nothing) {
     load_bank_7(DialogAnswer::cancel);
+    LoadDirectWindow& window = app.load_direct_window.get();
+    const char* const cases[][3] = {
+        {"4", "1", "Invalid, Bank 41 selected\rChoose a bank 1 to 40"},
+        {"0", "0", "Invalid, Bank 00 selected"},
+        {"4", "x", "Invalid, Bank 4x selected\rChoose a bank 1 to 40"}, // counts as -1, which would make it bank 39
+        {"", "7", "Invalid, Bank 7 selected\rChoose a bank 1 to 40"},
+    };
+    for (const auto& [tens, ones, message] : cases) {
+        window.bank_bt1.edit(tens);
+        window.bank_bt0.edit(ones);
+        desktop.expect_message(message);
+        window.LoadButton.click();
+    }
     EXPECT_EQ(stored(generator, 7, 1), hex(std::string(16, '\xff')));
-    EXPECT_EQ(program.desktop.simulated_clock.idled(), 0);
-}
-
-TEST_F(LoadTest, banks_outside_1_to_40_are_refused) {
-    LoadDirectWindow& window = ready_to_load(41);
-    program.desktop.expect_message("Invalid, Bank 41 selected\rChoose a bank 1 to 40");
-    window.LoadButton.click();
-    window.bank_bt1.choose(0);
-    window.bank_bt0.choose(0);
-    program.desktop.expect_message("Invalid, Bank 00 selected");
-    window.LoadButton.click();
-}
-
-TEST_F(LoadTest, a_text_of_the_users_own_in_a_bank_box_is_refused_and_no_other_bank_is_loaded) {
-    LoadDirectWindow& window = ready_to_load(40);
-    window.bank_bt0.edit("x"); // counts as -1, which would make it bank 39
-    program.desktop.expect_message("Invalid, Bank 4x selected\rChoose a bank 1 to 40");
-    window.LoadButton.click();
-    window.bank_bt1.edit("");
-    window.bank_bt0.edit("7");
-    program.desktop.expect_message("Invalid, Bank 7 selected\rChoose a bank 1 to 40");
-    window.LoadButton.click();
-    EXPECT_EQ(program.desktop.simulated_clock.idled(), 0);
+    EXPECT_EQ(desktop.simulated_clock.idled(), 0);
 }
 
 TEST_F(LoadTest, closing_the_load_window_only_hides_it) {
@@ -203,38 +173,29 @@ TEST_F(LoadTest, closing_the_load_window_only_hides_it) {
     window.close_by_user();
     EXPECT_FALSE(window.Visible());
     EXPECT_EQ(&app.load_direct_window.get(), &window);
-    EXPECT_EQ(window.bank_bt_hi, 3);
-    EXPECT_EQ(window.bank_bt_lo, 9);
-}
-
-TEST_F(LoadTest, without_a_port_the_load_says_so_and_ends_after_a_thousand_tries) {
-    program.new_protocol();
-    program.enter("7.83");
-    program.desktop.expect_message("No Serial Port Selected");
-    app.choose_menu("ZephonLoadDirect");
-    app.load_direct_window->bank_bt0.choose(1);
-    program.desktop.expect_message(std::string("Ready to load: Untitled\rInto Bank: 01") + press_keys);
-    program.desktop.expect_message("No Connection Found");
-    app.load_direct_window->LoadButton.click();
-    EXPECT_EQ(program.desktop.simulated_clock.idled(), 1000 * 10'000);
+    EXPECT_EQ(joined(window.bank_bt_hi, window.bank_bt_lo), "3|9");
 }
 
 TEST_F(LoadTest, a_silent_generator_is_asked_a_thousand_times) {
     load_bank_7_failing({.mode = FailureMode::handshake_silent}, "No Connection Found");
-    EXPECT_EQ(program.desktop.simulated_clock.idled(), 1000 * 10'000);
+    EXPECT_EQ(desktop.simulated_clock.idled(), 1000 * 10'000);
 }
 
 TEST_F(LoadTest, an_answer_in_two_parts_or_a_wrong_one_is_a_miss) {
-    for (const auto mode :
-         {FailureMode::handshake_split, FailureMode::handshake_wrong_first, FailureMode::handshake_wrong_second}) {
-        load_bank_7_failing({.mode = mode}, "No Connection Found");
-        app.editchanged = false;
-        app.choose_menu("FileQuitEditor");
+    using enum FailureMode;
+    for (const auto mode : {handshake_split, handshake_wrong_first, handshake_wrong_second, address_ack_wrong,
+                            address_ack_too_late, data_ack_wrong, data_ack_too_late}) {
+        load_bank_7_failing({.mode = mode}, mode < address_ack_lost ? "No Connection Found"
+                                            : mode < data_ack_lost  ? "Bank 07\rAddress 18  192 Not Acknowledged"
+                                                                    : "Data not Accepted. Level: 1");
+        generator.press_receive();
+        quit_editor();
     }
 }
 
 TEST_F(LoadTest, late_acknowledges_and_stray_bytes_within_the_tries_do_no_harm) {
     for (const Failure& failure : {Failure{.mode = FailureMode::handshake_stale_bytes, .level = 1, .times = 1},
+                                   Failure{.mode = FailureMode::handshake_late, .level = 1, .times = 1},
                                    Failure{.mode = FailureMode::address_ack_late, .level = 2},
                                    Failure{.mode = FailureMode::data_ack_late, .level = 50},
                                    Failure{.mode = FailureMode::address_stray_bytes, .level = 9},
@@ -244,8 +205,7 @@ TEST_F(LoadTest, late_acknowledges_and_stray_bytes_within_the_tries_do_no_harm) 
         load_bank_7();
         EXPECT_TRUE(app.load_direct_window->loadcompleted.Visible()) << emulator::name(failure.mode);
         EXPECT_EQ(stored(generator, 7, 1), "00 1e 96 08 00 03 15 07 00 00 01 24 ff ff ff ff");
-        app.editchanged = false;
-        app.choose_menu("FileQuitEditor");
+        quit_editor();
         app.load_direct_window->loadcompleted.SetVisible(false);
     }
 }
@@ -267,15 +227,18 @@ TEST_F(LoadTest, a_lost_acknowledge_ends_the_load_at_every_level) {
     for (int failing = 1; failing <= 50; ++failing) {
         for (const auto mode : {FailureMode::address_ack_lost, FailureMode::data_ack_lost}) {
             Generator fresh;
-            EmulatedPorts fresh_ports(fresh, program.desktop.simulated_clock);
-            program.desktop.connect(fresh_ports);
+            EmulatedPorts fresh_ports(fresh, desktop.simulated_clock);
+            desktop.connect(fresh_ports);
             fresh.press_receive();
             fresh.set_failure({.mode = mode, .level = failing});
             ASSERT_TRUE(line.Open());
             const bool address = mode == FailureMode::address_ack_lost;
-            program.desktop.expect_message(address ? "Bank 07\rAddress 18  192 Not Acknowledged"
-                                                   : "Data not Accepted. Level: " + std::to_string(failing));
+            const Microseconds before = desktop.simulated_clock.idled();
+            desktop.expect_message(address ? "Bank 07\rAddress 18  192 Not Acknowledged"
+                                           : "Data not Accepted. Level: " + std::to_string(failing));
             app.sendzephon();
+            EXPECT_EQ(desktop.simulated_clock.idled() - before,
+                      10'000 + (failing - 1) * 95'000 + (address ? 10'000 : 95'000) + 101 * 1'000);
             line.Close();
             const int last = address ? failing - 1 : failing; // levels already sent stay in the generator
             for (int level = 1; level <= 50; ++level) {
@@ -286,77 +249,67 @@ TEST_F(LoadTest, a_lost_acknowledge_ends_the_load_at_every_level) {
 }
 
 TEST_F(LoadTest, a_hang_up_at_any_step_is_told_and_the_port_can_be_chosen_again) {
-    struct Case {
-        FailureMode mode;
-        const char* message;
-    };
-    const Case cases[] = {
+    const std::pair<FailureMode, const char*> cases[] = {
         {FailureMode::handshake_hang_up, "No Connection Found"},
         {FailureMode::address_hang_up, "Bank 07\rAddress 18  192 Not Acknowledged"},
         {FailureMode::data_hang_up, "Data not Accepted. Level: 3"},
         {FailureMode::between_levels_hang_up, "Bank 07\rAddress 18  192 Not Acknowledged"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [mode, message] : cases) {
         generator.press_receive();
-        load_bank_7_failing({.mode = c.mode, .level = 3, .times = 1}, c.message);
-        EXPECT_TRUE(generator.hung_up()) << emulator::name(c.mode);
-        app.editchanged = false;
-        app.choose_menu("FileQuitEditor");
-        program.desktop.expect_message("No Port Selected");
+        load_bank_7_failing({.mode = mode, .level = 3, .times = 1}, message);
+        EXPECT_TRUE(generator.hung_up()) << emulator::name(mode);
+        quit_editor();
+        desktop.expect_message("No Port Selected");
         app.choose_menu("SettingsSetSerialPort");
         app.settings_window->Serial_box.choose(0);
         generator.set_failure({});
         generator.press_receive();
         load_bank_7();
         EXPECT_TRUE(app.load_direct_window->loadcompleted.Visible());
-        app.editchanged = false;
-        app.choose_menu("FileQuitEditor");
+        quit_editor();
     }
 }
 
 TEST_F(LoadTest, a_file_goes_to_its_bank_without_an_editor) {
     choose_port();
     app.settings_window->close_by_user();
-    write_file(program.desktop.folder / "night.zp2",
-               std::string("\x00\x1e\x96\x08\x00\x03\x15\x07\x00\x00\x01\x24", 12));
+    write_file(desktop.folder / "night.zp2", std::string("\x00\x1e\x96\x08\x00\x03\x15\x07\x00\x00\x01\x24", 12));
     app.choose_menu("ZephonLoadFromFile");
     LoadZephonWindow& window = app.loadzephonWindow.get();
     EXPECT_EQ(window.connectfield.Text(), "Serial Port:  Zephon emulator  Connected");
     EXPECT_FALSE(window.bankbox0.Enabled());
-    program.desktop.choose_file(program.desktop.folder / "night.zp2");
+    desktop.choose_file(desktop.folder / "night.zp2");
     window.cb1.click();
     EXPECT_EQ(window.fn1.Text(), "night");
-    EXPECT_EQ(window.Fname, (program.desktop.folder / "night.zp2").string());
+    EXPECT_EQ(window.Fname, (desktop.folder / "night.zp2").string());
     EXPECT_FALSE(window.cb1.Visible());
     window.bankbox1.choose(4);
     window.bankbox0.choose(3);
-    program.desktop.expect_message("Invalid, bank 43 selected\rChoose a bank 1 to 40"); // a small b here
+    desktop.expect_message("Invalid, bank 43 selected\rChoose a bank 1 to 40"); // a small b here
     window.loadbutton.click();
     window.bankbox0.choose(0);
-    program.desktop.expect_message(std::string("Ready to load: night\rInto Bank: 40") + press_keys);
+    desktop.expect_message(std::string("Ready to load: night\rInto Bank: 40") + press_keys);
     window.loadbutton.click();
     EXPECT_EQ(window.zephonloadcomplete.Text(), "Zephon loaded in 4 seconds");
     EXPECT_TRUE(window.zephonloadcomplete.Visible());
     EXPECT_EQ(stored(generator, 40, 1), "00 1e 96 08 00 03 15 07 00 00 01 24 ff ff ff ff");
-    EXPECT_TRUE(generator.violations().empty());
-    EXPECT_FALSE(app.editwindow.exists());
+    EXPECT_TRUE(generator.violations().empty() && !app.editwindow.exists());
 }
 
 TEST_F(LoadTest, loading_a_file_without_a_port_closes_its_window_again) {
-    program.desktop.expect_message("No Serial Port Selected");
+    desktop.expect_message("No Serial Port Selected");
     app.choose_menu("ZephonLoadFromFile");
-    EXPECT_FALSE(app.loadzephonWindow.exists());
-    EXPECT_TRUE(app.Window1->Visible());
+    EXPECT_TRUE(!app.loadzephonWindow.exists() && app.Window1->Visible());
 }
 
 TEST_F(LoadTest, a_dismissed_file_dialog_leaves_an_empty_image_to_load) {
     choose_port();
     app.Window1->activate();
     app.choose_menu("ZephonLoadFromFile");
-    program.desktop.dismiss_file_dialog();
+    desktop.dismiss_file_dialog();
     app.loadzephonWindow->cb1.click();
-    EXPECT_FALSE(app.loadzephonWindow->cb1.Visible());
-    EXPECT_TRUE(app.loadzephonWindow->bankbox1.Enabled());
+    EXPECT_TRUE(!app.loadzephonWindow->cb1.Visible() && app.loadzephonWindow->bankbox1.Enabled());
     EXPECT_EQ(app.bytes(1), unset_level);
 }
 

@@ -7,13 +7,10 @@ namespace tessit {
 namespace {
 
 TEST(Wire, banks_begin_every_800_bytes) {
-    struct Case {
-        int bank, high, low;
-    };
-    for (const auto& c : {Case{1, 0, 0}, {2, 3, 32}, {7, 18, 192}, {9, 25, 0}, {40, 121, 224}}) {
-        const auto address = wire::bank_address(c.bank);
-        EXPECT_EQ(address.high, c.high) << c.bank;
-        EXPECT_EQ(address.low, c.low) << c.bank;
+    const std::pair<int, wire::Address> cases[] = {
+        {1, {0, 0}}, {2, {3, 32}}, {7, {18, 192}}, {9, {25, 0}}, {40, {121, 224}}};
+    for (const auto& [bank, address] : cases) {
+        EXPECT_EQ(wire::bank_address(bank), address) << bank;
     }
     const wire::Address level_17 = wire::bank_address(1).plus(16 * wire::bytes_per_level);
     EXPECT_EQ(level_17, (wire::Address{1, 0}));

@@ -2,8 +2,6 @@
 // The editor window: how its controls react to one another, how a row comes back into the fields, how it closes.
 #include "support/program.h"
 
-#include <gtest/gtest.h>
-
 namespace tessit::testing {
 namespace {
 
@@ -13,34 +11,26 @@ using EditWindowTest = EditorTest;
 
 TEST_F(EditWindowTest, opens_with_the_defaults_and_an_empty_row) {
     EXPECT_EQ(program.levels(), 0);
-    EXPECT_EQ(window().namefield.Text(), "Untitled");
-    EXPECT_EQ(window().level_field.Text(), "1");
-    EXPECT_EQ(window().format_box.Text(), "MM:SS");
-    EXPECT_EQ(window().time_field.Text(), "3:00");
+    EXPECT_EQ(joined(window().namefield, window().level_field, window().format_box, window().time_field),
+              "Untitled|1|MM:SS|3:00");
     EXPECT_EQ(window().WidthMenu.Text(), "9");
     EXPECT_FALSE(window().WidthMenu.Enabled());
-    EXPECT_EQ(window().DutyMenu.Text(), "70");
-    EXPECT_EQ(window().BankFreqField.Text(), "");
+    EXPECT_EQ(joined(window().DutyMenu, window().BankFreqField), "70|");
     EXPECT_EQ(window().focus_control(), &window().FreqField);
     EXPECT_EQ(app.myactivewindow, document::editor);
-    EXPECT_EQ(app.cwidth.count(), 13);
-    EXPECT_EQ(app.cwidth[1], "90 ");
-    EXPECT_EQ(app.calign[11], "Left");
+    EXPECT_EQ(joined(app.cwidth.count(), app.cwidth[1], app.calign[11]), "13|90 |Left");
     EXPECT_FALSE(app.Window1->Visible());
 }
 
 TEST_F(EditWindowTest, opening_takes_the_time_by_the_defaults_and_not_by_the_controls) {
-    struct Case {
-        int wave, format;
-        const char* time;
-    };
-    for (const auto& c : {Case{0, 1, "3:00"}, {0, 0, "180"}, {2, 1, ":10"}, {2, 0, "10"}}) {
+    const std::tuple<int, int, const char*> cases[] = {{0, 1, "3:00"}, {0, 0, "180"}, {2, 1, ":10"}, {2, 0, "10"}};
+    for (const auto& [wave, format, time] : cases) {
         app.editwindow.Close();
-        app.defaultwave = c.wave;
-        app.default_timeformat = c.format;
+        app.defaultwave = wave;
+        app.default_timeformat = format;
         program.new_protocol();
-        EXPECT_EQ(window().time_field.Text(), c.time);
-        EXPECT_EQ(window().WidthMenu.Enabled(), c.wave > 0);
+        EXPECT_EQ(window().time_field.Text(), time);
+        EXPECT_EQ(window().WidthMenu.Enabled(), wave > 0);
     }
 }
 
@@ -75,15 +65,12 @@ TEST_F(EditWindowTest, decimal_mark_rewrites_the_base_column_alone) {
     program.enter("7.83");
     program.enter("50");
     window().isoDecimal.click();
-    EXPECT_TRUE(app.use_euro);
-    EXPECT_FALSE(window().naDecimal.Value());
-    EXPECT_EQ(program.cell(1, column::base), "7,83");
-    EXPECT_EQ(program.cell(2, column::base), "50");
+    EXPECT_TRUE(app.use_euro && !window().naDecimal.Value());
+    EXPECT_EQ(joined(program.cell(1, column::base), program.cell(2, column::base)), "7,83|50");
     program.enter("1,5"); // a user of the comma can type it
     EXPECT_EQ(program.cell(3, column::base), "1,5");
     window().naDecimal.click();
-    EXPECT_EQ(program.cell(1, column::base), "7.83");
-    EXPECT_EQ(program.cell(3, column::base), "1.5");
+    EXPECT_EQ(joined(program.cell(1, column::base), program.cell(3, column::base)), "7.83|1.5");
 }
 
 TEST_F(EditWindowTest, double_click_loads_a_row_back) {
@@ -99,19 +86,14 @@ TEST_F(EditWindowTest, double_click_loads_a_row_back) {
     window().edit_displayBox.double_click(1);
     EXPECT_EQ(window().changelvlfield.Text(), "Change Level:  1");
     EXPECT_TRUE(app.changelevel);
-    EXPECT_EQ(app.row, 1);
-    EXPECT_EQ(window().wave_box.Text(), "Sweep Increasing");
+    EXPECT_EQ(joined(app.row, window().wave_box.Text()), "1|Sweep Increasing");
     EXPECT_EQ(window().WidthMenu.Text(), "4"); // not the 5 frequencies: the width column corrects it
-    EXPECT_EQ(window().FreqField.Text(), "12.5");
-    EXPECT_EQ(window().time_field.Text(), ":10");
-    EXPECT_EQ(window().shape_box.Text(), "Square");
+    EXPECT_EQ(joined(window().FreqField, window().time_field, window().shape_box), "12.5|:10|Square");
     EXPECT_TRUE(window().submitchange.Visible());
 
     window().edit_displayBox.double_click(2);
-    EXPECT_EQ(window().shape_box.Text(), "Triangle");
-    EXPECT_EQ(window().output_box.Text(), "Offset");
-    EXPECT_EQ(window().PulseMenu.Text(), "OFF");
-    EXPECT_EQ(window().WidthMenu.Text(), "1");
+    EXPECT_EQ(joined(window().shape_box, window().output_box, window().PulseMenu, window().WidthMenu),
+              "Triangle|Offset|OFF|1");
 
     window().edit_displayBox.double_click(17); // no row there
     EXPECT_EQ(app.row, 2);
@@ -124,46 +106,33 @@ TEST_F(EditWindowTest, double_click_takes_the_windows_top_off_and_not_its_left) 
     EXPECT_EQ(app.row, 1);
 }
 
-TEST_F(EditWindowTest, sweep_of_width_zero_comes_back_with_width_one) {
+TEST_F(EditWindowTest, a_width_of_zero_comes_back_as_one_and_the_duty_not_at_all) {
     window().wave_box.choose(4);
     window().WidthMenu.choose(0);
-    program.enter("12.5");
-    window().edit_displayBox.double_click(1);
-    window().submitchange.click();
-    EXPECT_EQ(program.cell(1, column::width), "1");
-    EXPECT_EQ(program.cell(1, column::frequencies), "2");
-}
-
-TEST_F(EditWindowTest, duty_of_a_row_with_percent_is_not_taken_back) {
     window().DutyMenu.choose(5);
-    program.enter("7.83");
+    program.enter("12.5");
     window().DutyMenu.choose(2);
     window().edit_displayBox.double_click(1);
     EXPECT_EQ(window().DutyMenu.Text(), "20");
     window().submitchange.click();
-    EXPECT_EQ(program.cell(1, column::duty_cycle), "20%");
+    EXPECT_EQ(joined(program.cell(1, column::width), program.cell(1, column::duty_cycle)), "1|20%");
 }
 
 TEST_F(EditWindowTest, empty_row_0_can_be_changed_and_no_total_reads_it) {
     window().edit_displayBox.double_click(0);
-    EXPECT_EQ(window().changelvlfield.Text(), "Change Level:  ");
-    EXPECT_EQ(window().FreqField.Text(), "");
+    EXPECT_EQ(joined(window().changelvlfield, window().FreqField), "Change Level:  |");
     window().FreqField.type("9");
     window().submitchange.click();
-    EXPECT_EQ(program.cell(0, column::base), "9");
-    EXPECT_EQ(program.levels(), 0);
+    EXPECT_EQ(joined(program.cell(0, column::base), program.levels()), "9|0");
 }
 
 TEST_F(EditWindowTest, cancel_leaves_submit_visible_and_submit_then_appends) {
     program.enter("7.83");
     window().edit_displayBox.double_click(1);
     window().cancelbutton.click();
-    EXPECT_FALSE(app.changelevel);
-    EXPECT_FALSE(window().cancelbutton.Visible());
-    EXPECT_TRUE(window().submitchange.Visible());
+    EXPECT_TRUE(!app.changelevel && !window().cancelbutton.Visible() && window().submitchange.Visible());
     window().submitchange.click();
-    EXPECT_EQ(program.levels(), 2);
-    EXPECT_EQ(program.cell(2, column::base), "7.83");
+    EXPECT_EQ(joined(program.levels(), program.cell(2, column::base)), "2|7.83");
 }
 
 } // namespace

@@ -2,18 +2,16 @@
 #include "editor/level_entry.h"
 
 #include "platform/fault.h"
+#include "support/scripted_desktop.h"
 
 #include <gtest/gtest.h>
 
 namespace tessit {
 namespace {
 
-TEST(LevelEntry, frequencies_follow_wave_and_width) {
-    EXPECT_EQ(frequencies_text(wave_index::single_frequency, 9), "1");
-    EXPECT_EQ(frequencies_text(wave_index::spread_contracting, 4), "9");
-    EXPECT_EQ(frequencies_text(wave_index::sweep_decreasing, 4), "5");
-    EXPECT_EQ(frequencies_text(-1, 4), ""); // a wave text that is in no list
+using testing::joined;
 
+TEST(LevelEntry, widths_follow_wave_and_frequencies) {
     EXPECT_EQ(width_index("spread expanding", 9), 4);
     EXPECT_EQ(width_index("Sweep Increasing", 5), 5); // not 4: the width column corrects it
     EXPECT_EQ(width_index("Single Frequency", 1), 1);
@@ -21,19 +19,18 @@ TEST(LevelEntry, frequencies_follow_wave_and_width) {
 }
 
 TEST(LevelEntry, total_in_seconds_is_cut_after_the_multiplication) {
-    EXPECT_EQ(total_seconds(1, 180), 180);
-    EXPECT_EQ(total_seconds(3, 1.5F), 4);
-    EXPECT_EQ(total_seconds(19, 1e30F), 2147483647);
+    EXPECT_EQ(joined(total_seconds(1, 180), total_seconds(3, 1.5F), total_seconds(19, 1e30F)), "180|4|2147483647");
 }
 
 TEST(LevelEntry, total_as_a_clock_carries) {
-    EXPECT_EQ(format_clock(total_clock(3, "45")), "00:02:15"); // no colon: seconds
-    EXPECT_EQ(format_clock(total_clock(50, "1:20")), "01:06:40");
-    EXPECT_EQ(format_clock(total_clock(1, "545:3")), "09:05:03");
-    EXPECT_EQ(format_clock(total_clock(1, "1:2:3")), "00:01:02");
-    EXPECT_EQ(format_clock(total_clock(9, "")), "00:00:00");
-    EXPECT_EQ(format_clock(total_clock(1, "abc")), "00:00:00");
-    EXPECT_EQ(format_clock(total_clock(1, "0:3600000")), "1000:00:00");
+    const std::tuple<float, const char*, const char*> cases[] = {
+        {3, "45", "00:02:15"}, // no colon: seconds
+        {50, "1:20", "01:06:40"}, {1, "545:3", "09:05:03"}, {1, "1:2:3", "00:01:02"},
+        {9, "", "00:00:00"},      {1, "abc", "00:00:00"},   {1, "0:3600000", "1000:00:00"},
+    };
+    for (const auto& [frequencies, each, total] : cases) {
+        EXPECT_EQ(format_clock(total_clock(frequencies, each)), total) << each;
+    }
 }
 
 TEST(LevelEntry, bank_frequencies_start_where_they_are_told) {
@@ -44,23 +41,23 @@ TEST(LevelEntry, bank_frequencies_start_where_they_are_told) {
 }
 
 TEST(LevelEntry, last_row_decides_the_form_of_the_bank_time) {
-    EXPECT_EQ(bank_time({"180", "3600"}), "3780");
-    EXPECT_EQ(bank_time({"00:59:59", "00:00:02"}), "01:00:01");
-    EXPECT_EQ(bank_time({"01:00:00", "40"}), "40"); // the clock row's hour is not shown
-    EXPECT_EQ(bank_time({"90", "00:00:10"}), "00:01:40");
-    EXPECT_EQ(bank_time({"2:30"}), "00:02:30");
-    EXPECT_EQ(bank_time({}), "00:00:00");
+    const std::pair<std::vector<std::string>, const char*> cases[] = {
+        {{"180", "3600"}, "3780"},
+        {{"00:59:59", "00:00:02"}, "01:00:01"},
+        {{"01:00:00", "40"}, "40"}, // the clock row's hour is not shown
+        {{"90", "00:00:10"}, "00:01:40"},
+        {{"2:30"}, "00:02:30"},
+        {{}, "00:00:00"},
+    };
+    for (const auto& [cells, time] : cases) {
+        EXPECT_EQ(bank_time(cells), time);
+    }
     EXPECT_THROW(bank_time({"00:03:00", ""}), Fault);
 }
 
 TEST(LevelEntry, return_enter_and_the_letter_l_enter) {
-    EXPECT_TRUE(is_enter_key("\r"));
-    EXPECT_TRUE(is_enter_key("\x03"));
-    EXPECT_TRUE(is_enter_key("L"));
-    EXPECT_TRUE(is_enter_key("l"));
-    EXPECT_FALSE(is_enter_key("\n"));
-    EXPECT_FALSE(is_enter_key("k"));
-    EXPECT_FALSE(is_enter_key(""));
+    EXPECT_TRUE(is_enter_key("\r") && is_enter_key("\x03") && is_enter_key("L") && is_enter_key("l"));
+    EXPECT_FALSE(is_enter_key("\n") || is_enter_key("k") || is_enter_key(""));
 }
 
 } // namespace

@@ -53,8 +53,6 @@ TEST(Console, PaceLatencyAndFailures_ActOnTheSending) {
     execute(generator, "pace off");
     execute(generator, "latency 0");
     EXPECT_EQ(generator.take(3 * 521).size(), 1u);
-    generator.receive(6, 5'000);
-    EXPECT_EQ(generator.take(5'000), (std::vector<Byte>{18, 192}));
 }
 
 TEST(Console, Waits_TellThoseOfTheLastReadingToo) {
@@ -71,18 +69,6 @@ TEST(Console, Waits_TellThoseOfTheLastReadingToo) {
                      "record_acknowledge prescribed 12000 count 2 shortest 12000 median 12001 longest 12001 slack 0",
                      "address_acknowledge prescribed 10 count 1 shortest 20 median 20 longest 20 slack 10",
                      "reading 29021 prescribed 29010", "ok"}));
-}
-
-TEST(Console, Dump_PrintsFiftyLevelsInHexadecimal) {
-    Generator generator;
-    generator.press_receive();
-    play(generator, load_script(2));
-    const Lines lines = execute(generator, "dump 7").lines;
-    ASSERT_EQ(lines.size(), 51u);
-    EXPECT_EQ(lines[0], "00 1e 96 08 00 03 1d 05 00 00 00 1f ff ff ff ff");
-    EXPECT_EQ(lines[1], "ff ff ff ff ff ff ff ff ff ff ff 00 ff ff ff ff");
-    EXPECT_EQ(lines[49], "ff ff ff ff ff ff ff ff ff ff ff ff ff ff ff ff");
-    EXPECT_EQ(lines[50], "ok");
 }
 
 TEST(Console, Records_TellPaceAndBreachesOfTheLastLoad) {
@@ -117,30 +103,14 @@ TEST(Console, Fail_SetsModeLevelAndTimes) {
     const Script calls(3, {10'000, 'V'});
     EXPECT_EQ(generator.take(play(generator, calls)), (std::vector<Byte>{170, 6}));
     const Lines modes = execute(generator, "modes").lines;
-    EXPECT_EQ(modes.front(), "none");
-    EXPECT_EQ(modes[modes.size() - 2], "sending_hang_up");
-}
-
-TEST(Console, UnplugAndPlug_TakeTheLineAwayAndBack) {
-    Generator generator;
-    EXPECT_EQ(execute(generator, "unplug").lines, ok);
-    EXPECT_TRUE(generator.hung_up() && !generator.can_be_opened_again());
-    EXPECT_EQ(execute(generator, "plug").lines, ok);
-    EXPECT_FALSE(generator.hung_up());
-    execute(generator, "hangup");
-    EXPECT_TRUE(generator.can_be_opened_again());
+    EXPECT_EQ(joined(modes.front(), modes[modes.size() - 2]), "none|sending_hang_up");
 }
 
 TEST(Console, WrongCommands_GetOneClearError) {
-    const struct {
-        const char* command;
-        const char* error;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"blink", "error: unknown command 'blink'; help lists them"},
         {"5 2", "error: use: 5 3 or 5 2 BANK #"},
-        {"5", "error: use: 5 3 or 5 2 BANK #"},
         {"5 2 7", "error: use: 5 3 or 5 2 BANK #"},
-        {"5 2 #", "error: use: 5 3 or 5 2 BANK #"},
         {"5 2 0 #", "error: BANK must be a number from 1 to 40, not '0'"},
         {"5 2 41 #", "error: BANK must be a number from 1 to 40, not '41'"},
         {"store 7 1", "error: use: store BANK LEVEL BYTES"},
@@ -153,8 +123,6 @@ TEST(Console, WrongCommands_GetOneClearError) {
         {"fail sending_stops 969", "error: OFFSET must be a number from 0 to 968, not '969'"},
         {"fail sending_extra_calls 0", "error: CALLS must be a number from 1 to 969, not '0'"},
         {"dump", "error: use: dump BANK"},
-        {"dump 0", "error: BANK must be a number from 1 to 40, not '0'"},
-        {"dump 41", "error: BANK must be a number from 1 to 40, not '41'"},
         {"dump 7x", "error: BANK must be a number from 1 to 40, not '7x'"},
         {"fail", "error: use: fail MODE [PLACE] [TIMES]"},
         {"fail often", "error: no failure mode 'often'; modes lists them"},

@@ -4,19 +4,23 @@
 #pragma once
 
 #include "emulator/generator.h"
+#include "support/scripted_desktop.h"
 
 #include <vector>
 
 namespace tessit::emulator::test {
 
-class SimulatedClock : public Clock {
-public:
-    Microseconds now() override { return now_; }
-    void idle(Microseconds at_most) override { now_ += at_most; }
+using testing::joined;
+using testing::SimulatedClock;
+using Bytes = std::vector<Byte>;
 
-private:
-    Microseconds now_ = 1'000'000;
-};
+inline std::string violation_texts(const Generator& generator) {
+    std::string texts;
+    for (const Violation& violation : generator.violations()) {
+        texts += (texts.empty() ? "" : "; ") + violation.expected + " / " + violation.came;
+    }
+    return texts;
+}
 
 struct Sent {
     Microseconds wait; // since the byte before

@@ -7,8 +7,6 @@
 namespace tessit::emulator::test {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-
 struct EmulatedLineTest : ::testing::Test {
     Generator generator;
     SimulatedClock clock;
@@ -21,23 +19,6 @@ struct EmulatedLineTest : ::testing::Test {
     void SetUp() override { generator.press_receive(); }
 };
 
-TEST_F(EmulatedLineTest, Ports_OnlyTheGeneratorsOneOpensAndOnlyOnceAtATime) {
-    EXPECT_EQ(ports.list(), (std::vector{port, other}));
-    EXPECT_EQ(ports.open(other, {}), nullptr);
-    auto line = open();
-    ASSERT_NE(line, nullptr);
-    EXPECT_EQ(open(), nullptr);
-    line.reset();
-    EXPECT_NE(open(), nullptr);
-}
-
-TEST_F(EmulatedLineTest, Settings_AreThoseLastConfigured) {
-    auto line = ports.open(port, {.Baud = 9600});
-    EXPECT_EQ(ports.settings().Baud, 9600);
-    line->configure({.RequestToSend = true});
-    EXPECT_EQ(ports.settings(), (SerialSettings{.RequestToSend = true}));
-}
-
 TEST_F(EmulatedLineTest, Read_GivesAtMostTheCountAndOnlyWhatIsDue) {
     generator.set_failure({.mode = FailureMode::handshake_split});
     auto line = open();
@@ -48,16 +29,6 @@ TEST_F(EmulatedLineTest, Read_GivesAtMostTheCountAndOnlyWhatIsDue) {
     clock.idle(1);
     EXPECT_EQ(line->read(0), Bytes{});
     EXPECT_EQ(line->read(1), Bytes{6});
-}
-
-TEST_F(EmulatedLineTest, UnreadBytes_SurviveACloseButNotAReset) {
-    auto line = open();
-    call(*line);
-    line.reset();
-    line = open();
-    EXPECT_EQ(line->read(1), Bytes{170});
-    line->reset();
-    EXPECT_EQ(line->read(1), Bytes{});
 }
 
 TEST_F(EmulatedLineTest, HangUp_KillsTheLineForEverAndANewOneWorks) {
@@ -78,15 +49,55 @@ TEST_F(EmulatedLineTest, HangUp_KillsTheLineForEverAndANewOneWorks) {
     EXPECT_EQ(fresh->read(2), (Bytes{170, 6}));
 }
 
-TEST_F(EmulatedLineTest, HangUpThatStaysAway_RefusesUntilPluggedIn) {
-    generator.set_failure({.mode = FailureMode::handshake_hang_up, .after_hang_up = AfterHangUp::stays_away});
-    auto line = open();
-    call(*line);
-    EXPECT_FALSE(line->alive());
-    line.reset();
-    EXPECT_EQ(open(), nullptr);
+// The program's side of a line.
+struct SerialTest : EmulatedLineTest {
+    Serial serial{ports};
+
+    void SetUp() override {
+        EmulatedLineTest::SetUp();
+        serial.SetSerialPort(port);
+    }
+};
+
+TEST_F(SerialTest, AnOpenLine_IsOpenedAgainOnlyWhenItIsDead) {
+    EXPECT_TRUE(serial.Open() && serial.Open());
+    generator.hang_up(AfterHangUp::can_be_opened_again);
+    EXPECT_EQ(serial.ReadByte(), -1);
+    EXPECT_TRUE(serial.Open() && ports.in_use());
+    generator.hang_up(AfterHangUp::stays_away);
+    EXPECT_FALSE(serial.Open() || serial.is_open());
     generator.plug_in();
-    EXPECT_NE(open(), nullptr);
+    EXPECT_TRUE(serial.Open());
+}
+
+TEST_F(SerialTest, AnotherPort_ClosesTheLineAndTheSamePortDoesNot) {
+    serial.Open();
+    serial.SetSerialPort(port);
+    EXPECT_TRUE(serial.is_open());
+    serial.SetSerialPort(other);
+    EXPECT_FALSE(serial.is_open() || ports.in_use());
+    EXPECT_EQ(serial.SerialPort(), other);
+}
+
+TEST_F(SerialTest, Settings_ReachAnOpenLineAtOnceAndAClosedOneWhenItOpens) {
+    serial.SetRequestToSend(true);
+    serial.Open();
+    EXPECT_EQ(ports.settings(), (SerialSettings{.Baud = 19200, .Bits = 8, .Stop = 1, .RequestToSend = true}));
+    serial.SetParity(SerialParity::even);
+    EXPECT_EQ(ports.settings(), (SerialSettings{.Parity = SerialParity::even, .RequestToSend = true}));
+}
+
+TEST_F(SerialTest, AClosedLine_SwallowsEverything) {
+    serial.Write('V');
+    serial.Flush();
+    serial.Reset();
+    serial.Close();
+    EXPECT_EQ(serial.ReadByte(), -1);
+    EXPECT_TRUE(serial.Read(10).empty());
+    serial.Open();
+    EXPECT_EQ(serial.ReadByte(), -1);
+    serial.Write('V');
+    EXPECT_EQ(serial.ReadByte(), 170);
 }
 
 } // namespace

@@ -9,10 +9,7 @@ namespace {
 using Eleven = std::array<Byte, 11>;
 
 TEST(LevelRules, CountByte_FewUnsetBytes_AreNotCounted) {
-    const struct {
-        Eleven bytes;
-        int count;
-    } cases[] = {
+    const std::pair<Eleven, int> cases[] = {
         {{0, 30, 150, 8, 0, 3, 29, 5, 0, 0, 0}, 4},
         {{0, 30, 255, 8, 0, 3, 29, 5, 0, 0, 0}, 4},
         {{0, 255, 255, 255, 0, 3, 29, 5, 0, 0, 0}, 4},
@@ -26,10 +23,7 @@ TEST(LevelRules, CountByte_FewUnsetBytes_AreNotCounted) {
 }
 
 TEST(LevelRules, CheckByte_BringsTheSumToZero_ExceptForAnUnsetLevel) {
-    const struct {
-        Eleven bytes;
-        int check;
-    } cases[] = {
+    const std::pair<Eleven, int> cases[] = {
         {{0, 30, 150, 8, 0, 3, 29, 5, 0, 0, 0}, 31},
         {{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, 0},
         {{15, 66, 63, 1, 59, 99, 200, 9, 255, 255, 255}, 3},
@@ -42,10 +36,8 @@ TEST(LevelRules, CheckByte_BringsTheSumToZero_ExceptForAnUnsetLevel) {
 }
 
 TEST(LevelRules, Addresses_OnlyTheFortyBankStarts_BeginABank) {
-    const struct {
-        int address;
-        std::optional<int> bank;
-    } cases[] = {{0, 1}, {800, 2}, {25 * 256, 9}, {121 * 256 + 224, 40}, {32000, {}}, {16, {}}, {799, {}}, {65535, {}}};
+    const std::pair<int, std::optional<int>> cases[] = {{0, 1},      {800, 2}, {25 * 256, 9}, {121 * 256 + 224, 40},
+                                                        {32000, {}}, {16, {}}, {799, {}},     {65535, {}}};
     for (const auto& [address, bank] : cases) {
         EXPECT_EQ(bank_starting_at(address), bank) << address;
     }

@@ -12,6 +12,7 @@ namespace tessit {
 namespace {
 
 using testing::hex;
+using testing::joined;
 
 BinaryInputStream stream_of(const std::string& bytes) {
     return BinaryInputStream({bytes.begin(), bytes.end()});
@@ -65,32 +66,19 @@ TEST(ReadRecord, takes_twelve_bytes_in_file_order) {
     EXPECT_EQ(image.fbyte2[1], 0x00);
     EXPECT_EQ(image.fbyte1[1], 0x1e);
     EXPECT_EQ(image.fbyte0[1], 0x96);
-    EXPECT_EQ(image.db3[1], 8);
-    EXPECT_EQ(image.timesec[1], 10);
-    EXPECT_EQ(image.timemin[1], 3);
+    EXPECT_EQ(joined(image.db3[1], image.timesec[1], image.timemin[1]), "8|10|3");
     EXPECT_EQ(image.db6[1], 0x1d);
-    EXPECT_EQ(image.dutycycle[1], 5);
-    EXPECT_EQ(image.wpwidth[1], 9);
-    EXPECT_EQ(image.pratehi[1], 2);
-    EXPECT_EQ(image.pratelo[1], 254);
+    EXPECT_EQ(joined(image.dutycycle[1], image.wpwidth[1], image.pratehi[1], image.pratelo[1]), "5|9|2|254");
     EXPECT_EQ(image.errorchk[1], 0x24);
     EXPECT_EQ(level_hex(image, 2), unset_level);
 }
 
 TEST(ReadRecord, keeps_the_check_byte_signed) {
-    struct Case {
-        const char* last;
-        int errorchk;
-    };
-    const Case cases[] = {
-        {"\x7f", 127},
-        {"\x80", -128},
-        {"\xff", -1},
-    };
-    for (const auto& c : cases) {
-        const RegisterImage image = image_of(std::string(11, '\1') + c.last);
-        EXPECT_EQ(image.errorchk[1], c.errorchk);
-        EXPECT_EQ(image.bytes(1)[record_offset::errorchk], static_cast<std::uint8_t>(c.errorchk));
+    const std::pair<const char*, int> cases[] = {{"\x7f", 127}, {"\x80", -128}, {"\xff", -1}};
+    for (const auto& [last, errorchk] : cases) {
+        const RegisterImage image = image_of(std::string(11, '\1') + last);
+        EXPECT_EQ(image.errorchk[1], errorchk);
+        EXPECT_EQ(image.bytes(1)[record_offset::errorchk], static_cast<std::uint8_t>(errorchk));
     }
 }
 
@@ -107,22 +95,17 @@ TEST(ReadRecord, drops_one_253_before_a_record) {
 }
 
 TEST(ReadRecord, what_a_short_file_lacks_is_zero) {
-    struct Case {
-        std::string file;
-        const char* level_1;
-        const char* level_2;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string, const char*, const char*> cases[] = {
         {"", "ff ff ff ff ff ff ff ff ff ff ff 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
         {"a", "61 00 00 00 00 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
         {"\xfd", "00 00 00 00 00 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
         {"abcde", "61 62 63 64 65 00 00 00 00 00 00 00", "ff ff ff ff ff ff ff ff ff ff ff 00"},
         {"abcdefghijklm", "61 62 63 64 65 66 67 68 69 6a 6b 6c", "6d 00 00 00 00 00 00 00 00 00 00 00"},
     };
-    for (const auto& c : cases) {
-        const RegisterImage image = image_of(c.file);
-        EXPECT_EQ(level_hex(image, 1), c.level_1) << c.file;
-        EXPECT_EQ(level_hex(image, 2), c.level_2) << c.file;
+    for (const auto& [file, level_1, level_2] : cases) {
+        const RegisterImage image = image_of(file);
+        EXPECT_EQ(level_hex(image, 1), level_1) << file;
+        EXPECT_EQ(level_hex(image, 2), level_2) << file;
     }
 }
 
@@ -136,19 +119,15 @@ TEST(ReadRecord, fifty_records_fit_and_the_next_is_out_of_bounds) {
 
 // Each mark is blind for words of its own: a low byte of 255 for one, a high byte of 255 for the other.
 TEST(WriteProtocol, leaves_out_what_its_mark_takes_for_unset) {
-    struct Case {
-        std::int32_t word;
-        bool by_low_byte, by_high_byte;
-    };
-    const Case cases[] = {
+    const std::tuple<std::int32_t, bool, bool> cases[] = {
         {0, true, true},      {254, true, true},           {255, false, true},
         {256, true, true},    {511, false, true},          {767, false, true},
         {999999, true, true}, {0xFF * 65536, true, false}, {0xFFFFFF, false, false},
     };
-    for (const auto& c : cases) {
-        const RegisterImage image = with_words({c.word});
-        EXPECT_EQ(written(image, UnsetMark::low_frequency_byte).size(), c.by_low_byte ? 12U : 0U) << c.word;
-        EXPECT_EQ(written(image, UnsetMark::high_frequency_byte).size(), c.by_high_byte ? 12U : 0U) << c.word;
+    for (const auto& [word, by_low_byte, by_high_byte] : cases) {
+        const RegisterImage image = with_words({word});
+        EXPECT_EQ(written(image, UnsetMark::low_frequency_byte).size(), by_low_byte ? 12U : 0U) << word;
+        EXPECT_EQ(written(image, UnsetMark::high_frequency_byte).size(), by_high_byte ? 12U : 0U) << word;
     }
 }
 
@@ -164,8 +143,7 @@ TEST(WriteProtocol, writes_levels_1_to_50_and_the_low_byte_of_the_check) {
     image.fbyte0[0] = 7; // index 0 is no level
     image.errorchk.fill(292);
     const std::string file = written(image, UnsetMark::low_frequency_byte);
-    EXPECT_EQ(file.size(), 600U);
-    EXPECT_EQ(hex(file.substr(588)), "00 00 07 01 01 01 01 01 01 01 01 24");
+    EXPECT_EQ(joined(file.size(), hex(file.substr(588))), "600|00 00 07 01 01 01 01 01 01 01 01 24");
 }
 
 TEST(WriteProtocol, a_level_that_begins_with_253_is_written_plain_and_read_out_of_step) {
@@ -189,15 +167,6 @@ RC_GTEST_PROP(ProtocolFile, what_both_marks_take_for_set_comes_back_as_it_was, (
     }
     RC_ASSERT(image_of(written(image, UnsetMark::low_frequency_byte)) == image);
     RC_ASSERT(image_of(written(image, UnsetMark::high_frequency_byte)) == image);
-}
-
-TEST(UnsavedWorkDialog, has_three_answers) {
-    const MessageDialog dialog = unsaved_work_dialog("Data in the Edit window has not been saved to file");
-    EXPECT_EQ(dialog.Message, "Data in the Edit window has not been saved to file\rDo you want to save it?");
-    EXPECT_EQ(dialog.Explanation, "If you don't save, your changes will be lost");
-    EXPECT_EQ(dialog.Icon, DialogIcon::caution);
-    EXPECT_EQ(dialog.ActionButton.Caption + "|" + dialog.AlternateActionButton.Caption, "Save|Don't Save");
-    EXPECT_TRUE(dialog.ActionButton.Visible && dialog.AlternateActionButton.Visible && dialog.CancelButton.Visible);
 }
 
 } // namespace

@@ -47,11 +47,7 @@ LevelCells level(const std::string& base, const std::string& wave = "Single Freq
 }
 
 TEST(EncodeMode, reads_wave_pulse_output_and_shape_in_this_order) {
-    struct Case {
-        const char *wave, *pulse, *output, *shape;
-        int mode;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, const char*, const char*, int> cases[] = {
         {"Single Frequency", "ON", "Positive", "Square", 0x15},
         {"Single frequency", "off", "POSITIVE", "square", 0x1D}, // case does not count
         {"Spread Contracting", "ON", "Negative", "Sine", 0x40},
@@ -64,13 +60,13 @@ TEST(EncodeMode, reads_wave_pulse_output_and_shape_in_this_order) {
         {"", "", "", "", 255}, // unknown texts leave the unset byte
         {"", "ON", "", "", 7},
     };
-    for (const auto& c : cases) {
+    for (const auto& [wave, pulse, output, shape, mode] : cases) {
         LevelCells cells = level("5");
-        cells[column::waveform] = c.wave;
-        cells[column::pulse] = c.pulse;
-        cells[column::output] = c.output;
-        cells[column::wave_shape] = c.shape;
-        EXPECT_EQ(encode_mode(cells), c.mode) << c.wave << c.pulse << c.output << c.shape;
+        cells[column::waveform] = wave;
+        cells[column::pulse] = pulse;
+        cells[column::output] = output;
+        cells[column::wave_shape] = shape;
+        EXPECT_EQ(encode_mode(cells), mode) << wave << pulse << output << shape;
     }
 }
 
@@ -103,47 +99,37 @@ TEST_F(EncodeLevel, twelve_bytes_add_up_to_zero_in_every_row) {
 }
 
 TEST_F(EncodeLevel, time_is_read_in_the_form_of_the_window) {
-    struct Case {
-        TimeForm form;
-        const char* text;
-        int minutes, seconds;
-    };
-    const Case cases[] = {
+    const std::tuple<TimeForm, const char*, int, int> cases[] = {
         {TimeForm::seconds, "90", 1, 30}, {TimeForm::seconds, "59.9", 0, 59},
         {TimeForm::seconds, "", 0, 0},    {TimeForm::seconds, "15420", 1, 0}, // 257 minutes are kept to eight bits
         {TimeForm::clock, "3:00", 3, 0},  {TimeForm::clock, ":10", 0, 10},
         {TimeForm::clock, "1:75", 1, 75}, {TimeForm::clock, "1:2:3", 1, 2},
     };
-    for (const auto& c : cases) {
-        rules.time_form = c.form;
+    for (const auto& [form, text, minutes, seconds] : cases) {
+        rules.time_form = form;
         LevelCells cells = level("7.83");
-        cells[column::time_each] = c.text;
+        cells[column::time_each] = text;
         encode(cells);
-        EXPECT_EQ(image.timemin[1], c.minutes) << c.text;
-        EXPECT_EQ(image.timesec[1], c.seconds) << c.text;
+        EXPECT_EQ(image.timemin[1], minutes) << text;
+        EXPECT_EQ(image.timesec[1], seconds) << text;
     }
 }
 
 TEST_F(EncodeLevel, rate_divides_by_255_and_multiplies_by_256) {
-    struct Case {
-        RateRule rule;
-        const char* text;
-        int high, low;
-    };
-    const Case cases[] = {
+    const std::tuple<RateRule, const char*, int, int> cases[] = {
         {RateRule::high_byte_by_255, "0", 0, 0},     {RateRule::high_byte_by_255, "255", 0, 255},
         {RateRule::high_byte_by_255, "256", 1, 0},   {RateRule::high_byte_by_255, "300", 1, 44},
         {RateRule::high_byte_by_255, "510", 2, 254},                                              // reads back as 766
         {RateRule::high_byte_by_10, "10", 0, 10},    {RateRule::high_byte_by_10, "300", 30, 255}, // low stays unset
     };
-    for (const auto& c : cases) {
+    for (const auto& [rule, text, high, low] : cases) {
         image.reset();
-        rules.rate = c.rule;
+        rules.rate = rule;
         LevelCells cells = level("7.83");
-        cells[column::rate] = c.text;
+        cells[column::rate] = text;
         encode(cells);
-        EXPECT_EQ(image.pratehi[1], c.high) << c.text;
-        EXPECT_EQ(image.pratelo[1], c.low) << c.text;
+        EXPECT_EQ(image.pratehi[1], high) << text;
+        EXPECT_EQ(image.pratelo[1], low) << text;
     }
 }
 

@@ -10,11 +10,7 @@ namespace tessit {
 namespace {
 
 TEST(ReadNumber, accumulates_digits_and_skips_the_rest) {
-    struct Case {
-        const char* text;
-        float value;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, float> cases[] = {
         {"", 0.0F},
         {"12", 12.0F},
         {"12.50", 12.5F},
@@ -34,8 +30,8 @@ TEST(ReadNumber, accumulates_digits_and_skips_the_rest) {
         {"16777217", 16777216.0F}, // single precision
         {"123456789", 123456792.0F},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(read_number(characters(c.text)), c.value) << c.text;
+    for (const auto& [text, value] : cases) {
+        EXPECT_EQ(read_number(characters(text)), value) << text;
     }
     EXPECT_TRUE(std::isinf(read_number(characters(std::string(60, '9')))));
 }

@@ -22,14 +22,11 @@ TEST(Base64, lines_of_76_with_line_ends_between_them_only) {
     const std::string line = "QUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFBQUFB";
     const std::string with_zeros("\0a\0\xff", 4);
     const std::string longer(58, 'A');
-    const struct {
-        std::string_view bytes;
-        std::string encoded;
-    } cases[] = {
+    const std::pair<std::string_view, std::string> cases[] = {
         {"", ""}, {"f", "Zg=="}, {"fo", "Zm8="}, {"foo", "Zm9v"}, {with_zeros, "AGEA/w=="}, {longer, line + "\r\nQQ=="},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(EncodeBase64(c.bytes, 76), c.encoded);
+    for (const auto& [bytes, encoded] : cases) {
+        EXPECT_EQ(EncodeBase64(bytes, 76), encoded);
     }
     EXPECT_EQ(EncodeBase64(std::string(57, 'A'), 76), line);
 }
@@ -37,17 +34,18 @@ TEST(Base64, lines_of_76_with_line_ends_between_them_only) {
 // Five and a half hours are "+0550" and not "+0530".
 TEST(MailDate, an_offset_is_its_hours_times_100) {
     Date date{.year = 2025, .month = 2, .day = 3, .hour = 9, .minute = 5, .second = 7, .day_of_week = 1};
-    const struct {
-        double offset;
-        const char* text;
-    } cases[] = {
+    const std::pair<double, const char*> cases[] = {
         {0, "+0000"}, {1, "+0100"}, {5.5, "+0550"}, {5.75, "+0575"}, {-3.5, "-0350"}, {-11, "-1100"},
     };
-    for (const auto& c : cases) {
-        date.GMTOffset = c.offset;
-        EXPECT_EQ(_GetEmailDateStr(date), std::string("Mon, 3 Feb 2025 09:05:07 ") + c.text);
+    for (const auto& [offset, text] : cases) {
+        date.GMTOffset = offset;
+        EXPECT_EQ(_GetEmailDateStr(date), std::string("Mon, 3 Feb 2025 09:05:07 ") + text);
     }
-    EXPECT_GE(local_date(std::time(nullptr)).year, 2025);
+    setenv("TZ", "HOME-5:30", 1);
+    tzset();
+    EXPECT_EQ(_GetEmailDateStr(local_date(1'700'000'000)), "Wed, 15 Nov 2023 03:43:20 +0550");
+    unsetenv("TZ");
+    tzset();
 }
 
 TEST(Boundary, twelve_characters_from_both_ends_of_the_alphabet) {
@@ -61,16 +59,13 @@ TEST(Headers, names_count_the_same_in_either_case_and_repeat) {
     headers.AppendHeader("Received", "one");
     headers.AppendHeader("X-Tool", "t");
     headers.AppendHeader("received", "two");
-    EXPECT_EQ(headers.Count(), 3);
-    EXPECT_EQ(headers.NameCount("RECEIVED"), 2);
-    EXPECT_EQ(headers.Value("Received", 1), "two");
+    EXPECT_EQ(joined(headers.Count(), headers.NameCount("RECEIVED"), headers.Value("Received", 1)), "3|2|two");
     EXPECT_EQ(headers.CommaSeparatedValues("Received"), "one, two");
     EXPECT_EQ(headers.Source(), "Received: one\r\nX-Tool: t\r\nreceived: two");
     headers.SetHeader("Received", "three"); // in the place of the first
     EXPECT_EQ(headers.Source(), "Received: three\r\nX-Tool: t");
     headers.Delete("x-tool");
-    EXPECT_EQ(headers.Source(), "Received: three");
-    EXPECT_EQ(headers.Value("X-Tool"), "");
+    EXPECT_EQ(joined(headers.Source(), headers.Value("X-Tool")), "Received: three|");
     EXPECT_THROW(headers.Name(1), Fault);
 }
 
@@ -91,9 +86,8 @@ TEST(Message, addresses_lose_their_commas_and_are_joined) {
     message.AddRecipient("k@x.example");
     message.AddCCRecipient("c,@x.example");
     message.AddBCCRecipient("b@x.example");
-    EXPECT_EQ(message.ToAddress(), "Doe Jane <j@x.example>, k@x.example");
-    EXPECT_EQ(message.CCAddress(), "c@x.example");
-    EXPECT_EQ(message.BCCAddress(), "b@x.example");
+    EXPECT_EQ(joined(message.ToAddress(), message.CCAddress(), message.BCCAddress()),
+              "Doe Jane <j@x.example>, k@x.example|c@x.example|b@x.example");
 }
 
 TEST(Message, plain_text_alone) {
@@ -116,18 +110,6 @@ TEST(Message, its_own_type_and_encoding_stand_in_for_the_usual_ones) {
     EXPECT_EQ(message.Source(), "Content-Transfer-Encoding: 8bit\r\nContent-type: text/html; charset=utf-8\r\n\r\n"
                                 "<p>\r\n.");
     EXPECT_EQ(EmailMessage{}.Source(), "\r\n\r\n\r\n.");
-}
-
-TEST(Message, two_bodies_are_alternatives) {
-    EmailMessage message;
-    message.SetSubject("s");
-    message.BodyPlainText = "plain";
-    message.BodyEnriched = "rich";
-    EXPECT_EQ(message.Source(first_letter),
-              "Subject: s\r\nContent-Type: multipart/alternative; boundary=\"aaaaaaaaaaaa\"\r\n\r\n"
-              "--aaaaaaaaaaaa\r\nContent-type: text/plain;\r\nContent-transfer-encoding: 7bit\r\n\r\nplain\r\n\r\n"
-              "--aaaaaaaaaaaa\r\nContent-type: text/enriched;\r\nContent-transfer-encoding: 7bit\r\n\r\nrich\r\n\r\n"
-              "--aaaaaaaaaaaa--\r\n.");
 }
 
 TEST(Message, alternatives_lie_inside_what_has_attachments) {

@@ -36,12 +36,7 @@ private:
 using Spans = std::vector<Microseconds>;
 
 TEST(Wait, goes_on_for_what_is_left_until_all_has_passed) {
-    struct Case {
-        Microseconds duration;
-        Spans readings;
-        Spans asked;
-    };
-    const Case cases[] = {
+    const std::tuple<Microseconds, Spans, Spans> cases[] = {
         {5000, {100}, {5000}},
         {5000, {100, 100, 4000, 5099}, {5000, 5000, 1100, 1}}, // idling ended early, and then a bit too early
         {5000, {100, 9000}, {5000}},                           // and too late
@@ -51,10 +46,10 @@ TEST(Wait, goes_on_for_what_is_left_until_all_has_passed) {
         {10000, {50000, 54000, 20000, 23000, 1000}, {10000, 6000, 6000, 3000, 3000}}, // twice
         {10000, {50000, 49999}, {10000, 10000}},
     };
-    for (const auto& c : cases) {
-        ScriptedClock clock(c.readings);
-        wait(clock, c.duration);
-        EXPECT_EQ(clock.asked, c.asked) << c.duration << " from reading " << c.readings.back();
+    for (const auto& [duration, readings, asked] : cases) {
+        ScriptedClock clock(readings);
+        wait(clock, duration);
+        EXPECT_EQ(clock.asked, asked) << duration << " from reading " << readings.back();
     }
 }
 

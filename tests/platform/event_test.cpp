@@ -45,16 +45,6 @@ TEST_F(Events, an_event_inside_an_event_keeps_its_fault_to_itself) {
     EXPECT_EQ(app.faults_caught, 2);
 }
 
-TEST_F(Events, a_guarded_step_does_not_stop_its_handler) {
-    desktop.expect_fault("step");
-    bool went_on = false;
-    app.from_user("handler", [&] {
-        app.guarded("step", fault);
-        went_on = true;
-    });
-    EXPECT_TRUE(went_on);
-}
-
 TEST_F(Events, no_exception_of_the_library_gets_out) {
     desktop.expect_fault("low");
     desktop.expect_fault("event");
@@ -76,106 +66,33 @@ TEST_F(Events, a_button_acts_unless_the_press_was_used_up_or_cannot_reach_it) {
     Panel window(app);
     std::string log;
     bool use_up = false;
-    PushButton button(window, {.name = "button"},
-                      {.caption = "Do",
-                       .on_action = [&] { log += "A"; },
-                       .on_mouse_down =
-                           [&] {
-                               log += "M";
-                               return use_up;
-                           }});
-    const auto click = [&] {
-        log.clear();
-        button.click();
-        return log;
+    const auto press = [&] {
+        log += "M";
+        return use_up;
     };
-    EXPECT_EQ(click(), "MA");
+    PushButton button(window, {.name = "button"}, {.on_action = [&] { log += "A"; }, .on_mouse_down = press});
+    button.click();
     use_up = true;
-    EXPECT_EQ(click(), "M");
+    button.click();
+    EXPECT_EQ(log, "MAM");
     button.SetEnabled(false);
-    EXPECT_EQ(click(), "");
+    button.click();
     button.SetEnabled(true);
     button.SetVisible(false);
-    EXPECT_EQ(click(), "");
+    button.click();
+    EXPECT_EQ(log, "MAM");
 }
 
-class MenuEvents : public ::testing::Test {
-protected:
-    static MenuBar bar() {
-        return MenuBar({{"FileMenu",
-                         "File",
-                         {MenuItem("Open", "Open", true), MenuItem("Save", "Save", false),
-                          MenuItem("Print", "Print", true), MenuItem("Line", "-", true)}}});
-    }
-    void SetUp() override {
-        for (const char* entry : {"Open", "Save"}) {
-            app.MenuBar1.item(entry).bind([this, entry] {
-                app.happened.push_back(entry);
-                return true;
-            });
-        }
-        app.event([this] { app.first.get(); });
-        app.happened.clear();
-    }
-    bool enabled(const char* entry) {
-        app.enable_menu_items();
-        return app.MenuBar1.item(entry).Enabled();
-    }
-    std::vector<std::string> chosen(const char* entry) {
-        app.happened.clear();
-        app.choose_menu(entry);
-        return app.happened;
-    }
-
+TEST(MenuEvents, a_fault_in_an_action_bears_the_commands_name) {
     ScriptedDesktop desktop;
-    SmallApplication app{desktop, bar()};
-    using Entries = std::vector<std::string>;
-};
-
-TEST_F(MenuEvents, what_is_enabled_is_asked_anew_each_time) {
-    EXPECT_TRUE(enabled("Open"));
-    EXPECT_FALSE(enabled("Save"));
-    app.on["first.Event_EnableMenuItems"] = [&] {
-        app.MenuBar1.item("Save").Enable();
-        app.MenuBar1.item("Open").SetEnabled(false);
-    };
-    EXPECT_EQ(chosen("Save"), Entries{"Save"});
-    EXPECT_EQ(chosen("Open"), Entries{});
-    app.on.clear();
-    EXPECT_EQ(chosen("Save"), Entries{});
-    EXPECT_EQ(chosen("Open"), Entries{"Open"});
-}
-
-TEST_F(MenuEvents, only_the_window_in_front_has_a_say) {
-    app.on["first.Event_EnableMenuItems"] = [&] { app.MenuBar1.item("Save").Enable(); };
-    app.event([&] { app.notice->Show(); });
-    EXPECT_TRUE(enabled("Save"));
-    app.event([&] { app.second.get(); });
-    EXPECT_FALSE(enabled("Save"));
-    app.second->close_by_user();
-    EXPECT_TRUE(enabled("Save"));
-}
-
-TEST_F(MenuEvents, an_entry_without_an_action_is_never_enabled) {
-    app.on["first.Event_EnableMenuItems"] = [&] { app.MenuBar1.item("Print").Enable(); };
-    EXPECT_FALSE(enabled("Print"));
-    EXPECT_FALSE(enabled("Line"));
-    EXPECT_EQ(chosen("Print"), Entries{});
-    EXPECT_THROW(app.MenuBar1.item("Export"), Fault);
-}
-
-TEST_F(MenuEvents, a_fault_in_an_action_bears_the_commands_name) {
+    SmallApplication app(desktop, MenuBar({{"FileMenu", "File", {MenuItem("Open", "Open", true)}}}));
+    app.event([&] { app.first.get(); });
     app.MenuBar1.item("Open").bind([]() -> bool { throw Fault(FaultKind::nil_object, "a fault"); });
     desktop.expect_fault("_Open_Action");
     app.choose_menu("Open");
     app.on["first.Event_EnableMenuItems"] = [] { throw Fault(FaultKind::nil_object, "a fault"); };
     desktop.expect_fault("first.Event_EnableMenuItems");
-    EXPECT_EQ(chosen("Save"), Entries{});
-}
-
-TEST_F(Events, system_ports_beyond_the_list_are_a_fault) {
-    EXPECT_EQ(app.System.SerialPortCount(), 0);
-    EXPECT_THROW(app.System.SerialPort(0), Fault);
+    app.choose_menu("Open"); // what may not be enabled does not run
 }
 
 TEST_F(Events, file_dialogs_begin_where_the_last_one_ended) {
@@ -185,8 +102,7 @@ TEST_F(Events, file_dialogs_begin_where_the_last_one_ended) {
     desktop.dismiss_file_dialog();
     desktop.dismiss_file_dialog();
     EXPECT_EQ(app.GetOpenFolderItem(type)->DisplayName(), "a.zp2");
-    EXPECT_FALSE(app.GetSaveFolderItem(type, "b.zp2").has_value());
-    EXPECT_FALSE(app.GetOpenFolderItem(type).has_value());
+    EXPECT_FALSE(app.GetSaveFolderItem(type, "b.zp2").has_value() || app.GetOpenFolderItem(type).has_value());
     ASSERT_EQ(desktop.file_requests.size(), 3U);
     EXPECT_EQ(desktop.file_requests[0].start_folder.path(), desktop.folder.path());
     EXPECT_EQ(desktop.file_requests[1].start_folder.path(), desktop.folder / "elsewhere");

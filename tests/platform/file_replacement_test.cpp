@@ -18,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::file_bytes;
 using testing::FullDisk;
-using testing::TemporaryFolder;
+using testing::joined;
 using testing::write_file;
 
 std::span<const std::uint8_t> bytes(const std::string& text) {
@@ -27,93 +27,77 @@ std::span<const std::uint8_t> bytes(const std::string& text) {
 
 void save(const fs::path& file, const std::string& text) {
     auto replacement = FileReplacement::create(file);
-    ASSERT_NE(replacement, nullptr);
     replacement->write(bytes(text));
     replacement->commit();
 }
 
-FaultKind fault_of(const std::function<void()>& step) {
-    try {
-        step();
-    } catch (const Fault& fault) {
-        return fault.kind();
-    }
-    return FaultKind::internal; // none
+// The kind of a step's fault; internal where it has none.
+FaultKind kind_of(const std::function<void()>& step) {
+    return testing::fault_of(step).value_or(Fault(FaultKind::internal, "")).kind();
 }
+
+struct Files : ::testing::Test {
+    const testing::TemporaryFolder folder;
+    const fs::path file = folder / "a.zp2";
+
+    Files() { write_file(file, "old"); }
+};
+using FileReplacementTest = Files;
+using StreamsTest = Files;
 
 int entries(const fs::path& folder) {
     return static_cast<int>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
 }
 
-TEST(FileReplacement, old_file_is_untouched_until_the_commit) {
-    const TemporaryFolder folder;
-    const auto file = folder / "a.zp2";
-    write_file(file, "old");
-    auto replacement = FileReplacement::create(file);
-    replacement->write(bytes("a longer "));
-    replacement->write(bytes("new text"));
-    EXPECT_EQ(file_bytes(file), "old");
-    replacement->commit();
-    EXPECT_EQ(file_bytes(file), "a longer new text");
-    replacement.reset();
-    EXPECT_EQ(file_bytes(file), "a longer new text");
-    EXPECT_EQ(entries(folder.path()), 1);
-}
-
-TEST(FileReplacement, what_is_dropped_or_closed_by_a_fault_leaves_the_old_file_alone) {
-    const TemporaryFolder folder;
-    const auto file = folder / "a.zp2";
-    write_file(file, "old");
+TEST_F(FileReplacementTest, what_is_dropped_or_closed_by_a_fault_leaves_the_old_file_alone) {
     FileReplacement::create(file)->write(bytes("new"));
     FolderItem(file).CreateBinaryFile(".zp2")->WriteInt8(7);
     FolderItem(file).CreateTextFile()->WriteLine("new");
     FileReplacement::create(folder / "never was.zp2")->write(bytes("new"));
-    EXPECT_EQ(file_bytes(file), "old");
-    EXPECT_EQ(entries(folder.path()), 1);
+    EXPECT_EQ(joined(file_bytes(file), entries(folder.path())), "old|1");
 }
 
-TEST(FileReplacement, is_nil_where_no_file_can_be_made) {
-    const TemporaryFolder folder;
+TEST_F(FileReplacementTest, where_no_file_can_be_made_the_reason_is_told) {
     write_file(folder / "read-only.zp2", "old");
     fs::permissions(folder / "read-only.zp2", fs::perms::owner_read | fs::perms::group_read);
     fs::create_directory(folder / "folder.zp2");
     write_file(folder / "plain", "");
     fs::create_symlink("read-only.zp2", folder / "link to read-only.zp2");
-    for (const char* name : {"read-only.zp2", "link to read-only.zp2", "folder.zp2", "missing/a.zp2", "plain/a.zp2"}) {
-        EXPECT_EQ(FileReplacement::create(folder / name), nullptr) << name;
-        EXPECT_TRUE(FolderItem(folder / name).CreateBinaryFile(".zp2").is_nil()) << name;
-        EXPECT_TRUE(FolderItem(folder / name).CreateTextFile().is_nil()) << name;
+    mkfifo((folder / "pipe.zp2").c_str(), 0600);
+    const std::pair<std::string, const char*> cases[] = {
+        {"read-only.zp2", "Permission denied"},
+        {"link to read-only.zp2", "Permission denied"},
+        {"folder.zp2", "Is a folder"},
+        {"pipe.zp2", "Is a pipe"},
+        {"missing/a.zp2", "No such file or directory"},
+        {"plain/a.zp2", "Not a directory"},
+        {std::string(252, 'a') + ".zp2", "File name too long"},
+    };
+    for (const auto& [name, reason] : cases) {
+        const FolderItem item(folder / name);
+        const auto fault = testing::fault_of([&] { item.CreateBinaryFile(".zp2"); });
+        ASSERT_TRUE(fault.has_value() && fault->kind() == FaultKind::write_failed) << name;
+        EXPECT_EQ(fault->what(), "The file \"" + item.AbsolutePath() + "\" could not be created: " + reason + ".");
     }
-    EXPECT_EQ(file_bytes(folder / "read-only.zp2"), "old");
-    EXPECT_EQ(entries(folder.path()), 4);
+    EXPECT_EQ(joined(file_bytes(folder / "read-only.zp2"), entries(folder.path())), "old|6");
+    save(folder / (std::string(251, 'a') + ".zp2"), "new");
 }
 
-TEST(FileReplacement, a_link_stays_a_link_and_its_target_is_replaced) {
-    const TemporaryFolder folder;
+TEST_F(FileReplacementTest, a_link_stays_a_link_and_its_target_is_replaced_or_made) {
     fs::create_directory(folder / "elsewhere");
     const auto target = folder / "elsewhere/real.zp2";
-    write_file(target, "old");
     fs::create_symlink("elsewhere/real.zp2", folder / "link.zp2");
     fs::create_symlink("link.zp2", folder / "link to link.zp2");
-    save(folder / "link to link.zp2", "new");
-    EXPECT_TRUE(fs::is_symlink(folder / "link to link.zp2"));
-    EXPECT_TRUE(fs::is_symlink(folder / "link.zp2"));
-    EXPECT_FALSE(fs::is_symlink(target));
-    EXPECT_EQ(file_bytes(target), "new");
+    for (const char* text : {"made", "replaced"}) {
+        save(folder / "link to link.zp2", text);
+        EXPECT_TRUE(fs::is_symlink(folder / "link to link.zp2") && fs::is_symlink(folder / "link.zp2"));
+        EXPECT_FALSE(fs::is_symlink(target));
+        EXPECT_EQ(file_bytes(target), text);
+    }
     EXPECT_EQ(entries(folder / "elsewhere"), 1);
 }
 
-TEST(FileReplacement, a_link_to_a_file_that_is_not_there_makes_that_file) {
-    const TemporaryFolder folder;
-    fs::create_directory(folder / "elsewhere");
-    fs::create_symlink("elsewhere/real.zp2", folder / "link.zp2");
-    save(folder / "link.zp2", "new");
-    EXPECT_TRUE(fs::is_symlink(folder / "link.zp2"));
-    EXPECT_EQ(file_bytes(folder / "elsewhere/real.zp2"), "new");
-}
-
-TEST(FileReplacement, the_mode_is_kept_and_a_new_file_follows_the_umask) {
-    const TemporaryFolder folder;
+TEST_F(FileReplacementTest, the_mode_is_kept_and_a_new_file_follows_the_umask) {
     const auto mode = [&](const char* name) {
         return static_cast<int>(fs::status(folder / name).permissions() & fs::perms::all);
     };
@@ -123,32 +107,28 @@ TEST(FileReplacement, the_mode_is_kept_and_a_new_file_follows_the_umask) {
     save(folder / "old", "new");
     save(folder / "new", "new");
     EXPECT_EQ(umask(mask), 027U); // asking for the mask has not changed it
-    EXPECT_EQ(mode("old"), 0640);
-    EXPECT_EQ(mode("new"), 0640);
+    EXPECT_EQ(joined(mode("old"), mode("new")), joined(0640, 0640));
     fs::permissions(folder / "old", fs::perms(0666));
     save(folder / "old", "new");
     EXPECT_EQ(mode("old"), 0666);
 }
 
-TEST(FileReplacement, a_device_is_written_in_place) {
+TEST_F(FileReplacementTest, a_device_is_written_in_place) {
     const auto is_device = [](const char* path) { return fs::is_character_file(path); };
     ASSERT_TRUE(is_device("/dev/full"));
-    EXPECT_EQ(fault_of([] { save("/dev/full", "new"); }), FaultKind::write_failed);
+    EXPECT_EQ(kind_of([] { save("/dev/full", "new"); }), FaultKind::write_failed);
     EXPECT_NO_THROW(save("/dev/null", "new"));
-    EXPECT_TRUE(is_device("/dev/full"));
-    EXPECT_TRUE(is_device("/dev/null"));
+    EXPECT_TRUE(is_device("/dev/full") && is_device("/dev/null"));
 }
 
-TEST(FileReplacement, a_full_disk_is_a_fault_and_leaves_the_old_file) {
-    const TemporaryFolder folder;
-    const auto file = folder / "a.zp2";
+TEST_F(FileReplacementTest, a_full_disk_is_a_fault_and_leaves_the_old_file) {
     const std::string old(600, 'o');
     write_file(file, old);
     const std::string content(1200, 'n');
     for (const int room : {0, 1, 599, 1199}) {
         const FullDisk full(static_cast<rlim_t>(room));
-        EXPECT_EQ(fault_of([&] { save(file, content); }), FaultKind::write_failed) << room;
-        EXPECT_EQ(fault_of([&] { save(folder / "new.zp2", content); }), FaultKind::write_failed) << room;
+        EXPECT_EQ(kind_of([&] { save(file, content); }), FaultKind::write_failed) << room;
+        EXPECT_EQ(kind_of([&] { save(folder / "new.zp2", content); }), FaultKind::write_failed) << room;
     }
     EXPECT_EQ(file_bytes(file), old);
     EXPECT_EQ(entries(folder.path()), 1);
@@ -156,21 +136,14 @@ TEST(FileReplacement, a_full_disk_is_a_fault_and_leaves_the_old_file) {
     EXPECT_EQ(file_bytes(file), content);
 }
 
-TEST(FileReplacement, a_folder_that_vanishes_before_the_commit_is_a_fault) {
-    const TemporaryFolder folder;
-    fs::create_directory(folder / "stick");
-    auto replacement = FileReplacement::create(folder / "stick/a.zp2");
-    replacement->write(bytes("new"));
-    fs::remove_all(folder / "stick");
-    EXPECT_EQ(fault_of([&] { replacement->commit(); }), FaultKind::write_failed);
-}
-
 // Runs a save in a process of its own that is stopped before and after each of its calls to the system, and kills it
 // at the given stop. False when the save was over before that.
 bool killed_at(int stop, const fs::path& file, const std::string& content) {
     const pid_t child = fork();
     if (child == 0) {
-        ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) {
+            _exit(1);
+        }
         raise(SIGSTOP);
         auto replacement = FileReplacement::create(file);
         replacement->write(bytes(content));
@@ -191,22 +164,10 @@ bool killed_at(int stop, const fs::path& file, const std::string& content) {
     return true;
 }
 
-bool can_trace() {
-    const pid_t child = fork();
-    if (child == 0) {
-        _exit(ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0 ? 0 : 1);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
-
-TEST(FileReplacement, a_process_killed_at_any_moment_leaves_the_old_file_or_the_new_one) {
-    if (!can_trace()) {
+TEST_F(FileReplacementTest, a_process_killed_at_any_moment_leaves_the_old_file_or_the_new_one) {
+    if (!killed_at(0, file, "")) {
         GTEST_SKIP() << "this system does not let a process trace its child";
     }
-    const TemporaryFolder folder;
-    const auto file = folder / "a.zp2";
     const std::string old(600, 'o');
     const std::string content(1200, 'n');
     bool was_old = false;
@@ -224,8 +185,7 @@ TEST(FileReplacement, a_process_killed_at_any_moment_leaves_the_old_file_or_the_
     EXPECT_EQ(file_bytes(file), content); // the last one was not killed
 }
 
-TEST(Streams, reading_past_the_end_gives_zeros) {
-    const TemporaryFolder folder;
+TEST_F(StreamsTest, reading_past_the_end_gives_zeros) {
     write_file(folder / "a", std::string("\xFF\x80\x7F\x01", 4));
     auto stream = FolderItem(folder / "a").OpenAsBinaryFile();
     EXPECT_EQ(stream->ReadByte(), 255);
@@ -238,8 +198,7 @@ TEST(Streams, reading_past_the_end_gives_zeros) {
     EXPECT_EQ(stream->ReadInt8(), 0);
 }
 
-TEST(Streams, bytes_and_texts_arrive_as_written) {
-    const TemporaryFolder folder;
+TEST_F(StreamsTest, bytes_and_texts_arrive_as_written) {
     auto binary = FolderItem(folder / "b").CreateBinaryFile(".zp2");
     for (const int value : {0, 255, -1, 256, 292, -128}) {
         binary->WriteInt8(value);
@@ -254,27 +213,33 @@ TEST(Streams, bytes_and_texts_arrive_as_written) {
     EXPECT_EQ(FolderItem(folder / "t").OpenAsTextFile()->ReadAll(), "a,b\r;\n");
 }
 
-TEST(Streams, what_cannot_be_read_is_a_fault_with_the_systems_reason) {
-    const TemporaryFolder folder;
-    struct Case {
-        fs::path path;
-        const char* reason;
-    };
-    const Case cases[] = {
+TEST_F(StreamsTest, what_cannot_be_read_is_a_fault_with_the_systems_reason) {
+    mkfifo((folder / "pipe").c_str(), 0600);
+    const std::pair<fs::path, const char*> cases[] = {
         {folder / "missing", "No such file or directory"},
-        {folder.path(), "Is a directory"},
+        {folder.path(), "Is a folder"},
+        {folder / "pipe", "Is a pipe"},
+        {fs::path("/dev/zero"), "Is a device"},
         {fs::path("/proc/self/mem"), "Input/output error"}, // opens, and then does not read
     };
-    for (const auto& c : cases) {
-        try {
-            FolderItem(c.path).OpenAsBinaryFile();
-            FAIL() << c.path;
-        } catch (const Fault& fault) {
-            EXPECT_EQ(fault.kind(), FaultKind::read_failed);
-            EXPECT_EQ(fault.what(), "The file \"" + c.path.string() + "\" could not be read: " + c.reason + ".");
-        }
-        EXPECT_EQ(fault_of([&] { FolderItem(c.path).OpenAsTextFile(); }), FaultKind::read_failed);
+    for (const auto& [path, reason] : cases) {
+        const auto fault = testing::fault_of([item = FolderItem(path)] { item.OpenAsBinaryFile(); });
+        ASSERT_TRUE(fault.has_value() && fault->kind() == FaultKind::read_failed) << path;
+        EXPECT_EQ(fault->what(), "The file \"" + path.string() + "\" could not be read: " + reason + ".");
+        EXPECT_EQ(kind_of([item = FolderItem(path)] { item.OpenAsTextFile(); }), FaultKind::read_failed);
     }
+}
+
+TEST(Streams, no_more_is_taken_than_can_matter) {
+    const TemporaryFolder folder;
+    write_file(folder / "six", "abcdef");
+    auto stream = FolderItem(folder / "six").OpenAsBinaryFile(5);
+    for (const char byte : {'a', 'b', 'c', 'd', 'e'}) {
+        EXPECT_EQ(stream->ReadByte(), byte);
+    }
+    EXPECT_TRUE(stream->EndOfFile());
+    EXPECT_EQ(FolderItem(folder / "six").OpenAsTextFile(6)->ReadAll(), "abcdef");
+    EXPECT_EQ(fault_of([&] { FolderItem(folder / "six").OpenAsTextFile(5); }), FaultKind::read_failed);
 }
 
 } // namespace

@@ -25,36 +25,33 @@ public:
     void Event_Activate() override { happened("Event_Activate"); }
     bool Event_CancelClose() override;
     void Event_Close() override { happened("Event_Close"); }
-    void Event_EnableMenuItems() override;
+    void Event_EnableMenuItems() override { react("Event_EnableMenuItems"); }
 
 private:
     void happened(const std::string& event);
+    void react(const std::string& event); // as the test wants it
 
     SmallApplication& app_;
 };
 
-struct MainPanel : RecordingWindow {
-    explicit MainPanel(SmallApplication& app)
-        : RecordingWindow(app, {.name = "main", .frame = WindowFrame::document, .lifetime = Lifetime::program}) {}
-};
+enum class Kind { main, first, second, panel, notice };
 
-struct FirstDocument : RecordingWindow {
-    explicit FirstDocument(SmallApplication& app)
-        : RecordingWindow(app, {.name = "first", .frame = WindowFrame::document, .opening = Opening::shows_itself}) {}
-};
+inline WindowDesign design_of(Kind kind) {
+    static const WindowDesign designs[] = {
+        {.name = "main", .frame = WindowFrame::document, .lifetime = Lifetime::program},
+        {.name = "first", .frame = WindowFrame::document, .opening = Opening::shows_itself},
+        {.name = "second", .frame = WindowFrame::document, .opening = Opening::shows_itself},
+        {.name = "panel"},
+        {.name = "notice", .frame = WindowFrame::notice},
+    };
+    return designs[static_cast<int>(kind)];
+}
 
-struct SecondDocument : RecordingWindow {
-    explicit SecondDocument(SmallApplication& app)
-        : RecordingWindow(app, {.name = "second", .frame = WindowFrame::document, .opening = Opening::shows_itself}) {}
+template <Kind kind> struct SmallWindow : RecordingWindow {
+    explicit SmallWindow(SmallApplication& app) : RecordingWindow(app, design_of(kind)) {}
 };
-
-struct Panel : RecordingWindow {
-    explicit Panel(SmallApplication& app) : RecordingWindow(app, {.name = "panel"}) {}
-};
-
-struct Notice : RecordingWindow {
-    explicit Notice(SmallApplication& app) : RecordingWindow(app, {.name = "notice", .frame = WindowFrame::notice}) {}
-};
+using FirstDocument = SmallWindow<Kind::first>;
+using Panel = SmallWindow<Kind::panel>;
 
 class SmallApplication : public Application {
 public:
@@ -67,11 +64,11 @@ public:
     std::vector<std::string> happened;
     int faults_caught = 0;
 
-    ImplicitWindow<SmallApplication, MainPanel> main{*this};
-    ImplicitWindow<SmallApplication, FirstDocument> first{*this};
-    ImplicitWindow<SmallApplication, SecondDocument> second{*this};
-    ImplicitWindow<SmallApplication, Panel> panel{*this};
-    ImplicitWindow<SmallApplication, Notice> notice{*this};
+    ImplicitWindow<SmallApplication, SmallWindow<Kind::main>> main{*this};
+    ImplicitWindow<SmallApplication, SmallWindow<Kind::first>> first{*this};
+    ImplicitWindow<SmallApplication, SmallWindow<Kind::second>> second{*this};
+    ImplicitWindow<SmallApplication, SmallWindow<Kind::panel>> panel{*this};
+    ImplicitWindow<SmallApplication, SmallWindow<Kind::notice>> notice{*this};
 
     // One outermost event; what happened in it, separated by blanks.
     std::string event(const std::function<void()>& body) {
@@ -103,8 +100,11 @@ inline RecordingWindow::RecordingWindow(SmallApplication& app, const WindowDesig
 
 inline void RecordingWindow::happened(const std::string& event) {
     app_.happened.push_back(name() + "." + event);
-    const auto found = app_.on.find(name() + "." + event);
-    if (found != app_.on.end()) {
+    react(event);
+}
+
+inline void RecordingWindow::react(const std::string& event) {
+    if (const auto found = app_.on.find(name() + "." + event); found != app_.on.end()) {
         found->second();
     }
 }
@@ -112,13 +112,6 @@ inline void RecordingWindow::happened(const std::string& event) {
 inline bool RecordingWindow::Event_CancelClose() {
     happened("Event_CancelClose");
     return app_.vetoes.contains(name());
-}
-
-inline void RecordingWindow::Event_EnableMenuItems() {
-    const auto found = app_.on.find(name() + ".Event_EnableMenuItems");
-    if (found != app_.on.end()) {
-        found->second();
-    }
 }
 
 } // namespace tessit::testing

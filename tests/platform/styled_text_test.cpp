@@ -48,12 +48,7 @@ TEST(StyledText, keeps_styles_within_the_text_and_forgets_plain_ones) {
 }
 
 TEST(StyledText, styles_follow_an_edit) {
-    struct Case {
-        StyledText before;
-        const char* after;
-        const char* marked;
-    };
-    const Case cases[] = {
+    const std::tuple<StyledText, const char*, const char*> cases[] = {
         {bold_in("abcd", 1, 2), "abcXd", "a[bcX]d"}, // from the left neighbour
         {bold_in("abcd", 1, 2), "aXbcd", "aX[bc]d"},
         {bold_in("abcd", 0, 2), "Xabcd", "[Xab]cd"}, // at the beginning from what follows
@@ -64,11 +59,11 @@ TEST(StyledText, styles_follow_an_edit) {
         {bold_in("é中", 1, 1), "é中文", "é[中文]"},
         {bold_in("abcd", 0, 4), "", ""},
     };
-    for (const Case& c : cases) {
-        StyledText text = c.before;
-        text.change_to(c.after);
-        EXPECT_EQ(marked(text), c.marked) << c.after;
-        EXPECT_EQ(text.Text(), c.after);
+    for (const auto& [before, after, expected] : cases) {
+        StyledText text = before;
+        text.change_to(after);
+        EXPECT_EQ(marked(text), expected) << after;
+        EXPECT_EQ(text.Text(), after);
     }
 }
 
@@ -89,8 +84,7 @@ TEST_F(StyledField, toggles_what_is_selected) {
     EXPECT_EQ(marked(field.StyledText()), "a[bc]d");
     field.select({.start = 0, .length = 3}); // not all of it is bold
     field.ToggleSelectionBold();
-    EXPECT_EQ(marked(field.StyledText()), "[abc]d");
-    EXPECT_EQ(field.SelLength(), 3);
+    EXPECT_EQ(joined(marked(field.StyledText()), field.SelLength()), "[abc]d|3");
     field.ToggleSelectionItalic();
     field.ToggleSelectionUnderline();
     EXPECT_EQ(field.StyledText().style_at(0), (TextStyle{0, true, true, true}));
@@ -117,14 +111,11 @@ TEST_F(StyledField, toggles_what_is_typed_next_where_nothing_is_selected) {
 TEST_F(StyledField, takes_a_text_from_the_program_in_the_plain_style) {
     field.SetStyledText(bold_in("abcd", 0, 4));
     field.SetText("abcd");
-    EXPECT_EQ(marked(field.StyledText()), "abcd");
-    EXPECT_EQ(changes, 0);
+    EXPECT_EQ(joined(marked(field.StyledText()), changes), "abcd|0");
     field.SetStyledText(bold_in("abcd", 0, 2));
     field.select({.start = 2, .length = 2});
     field.SetSelText("x\ny"); // put in as if it were typed
-    EXPECT_EQ(marked(field.StyledText()), "[abx\ry]");
-    EXPECT_EQ(field.SelStart(), 5);
-    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(joined(marked(field.StyledText()), field.SelStart(), changes), "[abx\ry]|5|1");
 }
 
 } // namespace

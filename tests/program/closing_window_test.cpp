@@ -7,8 +7,6 @@
 #include "support/help_window.h"
 #include "support/program.h"
 
-#include <gtest/gtest.h>
-
 namespace tessit::testing {
 namespace {
 
@@ -72,10 +70,12 @@ struct Desk {
     App app{desktop, test_version};
 };
 
+using Flag = bool AppState::*;
+
 struct Way {
     const char* name;
     const char* document; // that alone is unsaved
-    bool AppState::*flag;
+    Flag flag;
     std::function<void(App&)> command;
 };
 
@@ -106,7 +106,7 @@ const Way ways[] = {
 constexpr const char* fronts[] = {"editwindow",   "consolidatorWindow", "composewindow",
                                   "ReadZPWindow", "helpWindow",         "Window1"};
 
-TEST(Closing, save_writes_the_document_that_is_asked_about) {
+TEST(Closing, save_writes_the_document_that_is_asked_about_and_cancel_leaves_it_in_front) {
     for (const Way& way : ways) {
         Desk reference;
         reference.bring_to_front(way.document);
@@ -114,30 +114,21 @@ TEST(Closing, save_writes_the_document_that_is_asked_about) {
         const std::string bytes = reference.desktop.saved(way.document);
         ASSERT_FALSE(bytes.empty()) << way.document;
         for (const char* front : fronts) {
-            SCOPED_TRACE(std::string(way.name) + " for " + way.document + " with " + front + " in front");
-            Desk desk;
-            desk.bring_to_front(front);
-            desk.app.*way.flag = true;
-            desk.desktop.answer = DialogAnswer::action;
-            desk.act([&] { way.command(desk.app); });
-            EXPECT_EQ(desk.desktop.asked, std::string(way.document) + " ");
-            EXPECT_EQ(hex(desk.desktop.saved(way.document)), hex(bytes));
-        }
-    }
-}
-
-TEST(Closing, a_window_whose_question_is_cancelled_stays_in_front) {
-    for (const Way& way : ways) {
-        for (const char* front : fronts) {
-            SCOPED_TRACE(std::string(way.name) + " for " + way.document + " with " + front + " in front");
-            Desk desk;
-            desk.bring_to_front(front);
-            desk.app.*way.flag = true;
-            desk.act([&] { way.command(desk.app); });
-            EXPECT_EQ(desk.desktop.asked, std::string(way.document) + " ");
-            EXPECT_EQ(desk.app.front_window()->name(), way.document);
-            EXPECT_TRUE(desk.app.*way.flag);
-            EXPECT_FALSE(desk.desktop.has_quit);
+            for (const DialogAnswer answer : {DialogAnswer::action, DialogAnswer::cancel}) {
+                SCOPED_TRACE(std::string(way.name) + " for " + way.document + " with " + front + " in front");
+                Desk desk;
+                desk.bring_to_front(front);
+                desk.app.*way.flag = true;
+                desk.desktop.answer = answer;
+                desk.act([&] { way.command(desk.app); });
+                EXPECT_EQ(desk.desktop.asked, std::string(way.document) + " ");
+                if (answer == DialogAnswer::action) {
+                    EXPECT_EQ(hex(desk.desktop.saved(way.document)), hex(bytes));
+                } else {
+                    EXPECT_EQ(desk.app.front_window()->name(), way.document);
+                    EXPECT_TRUE(desk.app.*way.flag && !desk.desktop.has_quit);
+                }
+            }
         }
     }
 }

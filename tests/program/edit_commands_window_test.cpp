@@ -3,8 +3,6 @@
 #include "device/read_window.h"
 #include "support/program.h"
 
-#include <gtest/gtest.h>
-
 namespace tessit::testing {
 namespace {
 
@@ -33,13 +31,10 @@ TEST_F(RowCommandsTest, delete_removes_renumbers_and_adds_up_from_the_cells) {
     app.editchanged = false;
     table().choose(3);
     app.choose_menu("EditDeleteRow");
-    EXPECT_EQ(levels(), "1:10 2:20 3:40 4:50");
-    EXPECT_EQ(window().BankFreqField.Text(), "4");
-    EXPECT_EQ(window().BankTimeField.Text(), "00:12:00");
-    EXPECT_EQ(table().ListIndex(), -1);
+    EXPECT_EQ(joined(levels(), window().BankFreqField, window().BankTimeField, table().ListIndex()),
+              "1:10 2:20 3:40 4:50|4|00:12:00|-1");
     EXPECT_EQ(window().focus_control(), &window().FreqField);
-    EXPECT_FALSE(app.editchanged);
-    EXPECT_FALSE(app.MenuBar1.item("EditDeleteRow").Enabled());
+    EXPECT_FALSE(app.editchanged || app.MenuBar1.item("EditDeleteRow").Enabled());
     app.enable_menu_items();
     EXPECT_TRUE(app.MenuBar1.item("EditDeleteRow").Enabled());
 }
@@ -50,8 +45,7 @@ TEST_F(RowCommandsTest, delete_without_a_level_selected_only_adds_up) {
     for (const int row : {-1, 0}) { // nothing, and the empty row 0
         table().SetListIndex(row);
         app.choose_menu("EditDeleteRow");
-        EXPECT_EQ(levels(), "1:10 2:20");
-        EXPECT_EQ(window().BankTimeField.Text(), "00:06:00");
+        EXPECT_EQ(joined(levels(), window().BankTimeField.Text()), "1:10 2:20|00:06:00");
     }
 }
 
@@ -59,35 +53,40 @@ TEST_F(RowCommandsTest, deleting_the_only_level_keeps_the_old_number_of_frequenc
     enter_levels(1);
     table().choose(1);
     app.choose_menu("EditDeleteRow");
-    EXPECT_EQ(window().BankFreqField.Text(), "1");
-    EXPECT_EQ(window().BankTimeField.Text(), "00:00:00");
+    EXPECT_EQ(joined(window().BankFreqField, window().BankTimeField), "1|00:00:00");
 }
 
 TEST_F(RowCommandsTest, delete_in_seconds_form_ends_in_a_fault_with_the_row_removed) {
     window().format_box.choose(0);
     enter_levels(3);
     table().choose(2);
-    program.desktop.expect_fault("_EditDeleteRow_Action");
+    desktop.expect_fault("_EditDeleteRow_Action");
     app.choose_menu("EditDeleteRow");
-    EXPECT_EQ(levels(), "1:10 2:30");
-    EXPECT_EQ(window().BankTimeField.Text(), "");
+    EXPECT_EQ(joined(levels(), window().BankTimeField.Text()), "1:10 2:30|");
     program.enter("70");
-    EXPECT_EQ(levels(), "1:10 2:30 3:70");
-    EXPECT_EQ(window().BankTimeField.Text(), "540");
+    EXPECT_EQ(joined(levels(), window().BankTimeField.Text()), "1:10 2:30 3:70|540");
 }
 
 TEST_F(RowCommandsTest, insert_opens_an_empty_row_that_the_next_level_fills) {
     enter_levels(3);
     table().choose(2);
     app.choose_menu("EditInsertRow");
-    EXPECT_EQ(levels(), "1:10 2: 3:20 4:30");
-    EXPECT_EQ(table().ListIndex(), 2);
-    EXPECT_TRUE(app.insert);
+    EXPECT_EQ(joined(levels(), table().ListIndex()), "1:10 2: 3:20 4:30|2");
+    EXPECT_TRUE(app.insert && !app.MenuBar1.item("EditDeleteRow").Enabled());
     program.enter("15");
-    EXPECT_EQ(levels(), "1:10 2:15 3:20 4:30");
-    EXPECT_EQ(program.cell(2, column::total_time), "00:03:00");
-    EXPECT_EQ(window().BankFreqField.Text(), "4");
+    EXPECT_EQ(joined(levels(), program.cell(2, column::total_time), window().BankFreqField.Text()),
+              "1:10 2:15 3:20 4:30|00:03:00|4");
     EXPECT_FALSE(app.insert);
+}
+
+TEST_F(RowCommandsTest, delete_behind_insert_leaves_the_next_level_its_place) {
+    enter_levels(3);
+    table().choose(2);
+    app.choose_menu("EditInsertRow");
+    app.choose_menu("EditDeleteRow");
+    EXPECT_EQ(levels(), "1:10 2:20 3:30");
+    program.enter("15");
+    EXPECT_EQ(levels(), "1:10 2:15 3:30");
 }
 
 TEST_F(RowCommandsTest, a_level_without_its_row_is_told_the_way_out) {
@@ -98,9 +97,9 @@ TEST_F(RowCommandsTest, a_level_without_its_row_is_told_the_way_out) {
         table().choose(2);
         app.choose_menu("EditDeleteRow");
     }
-    program.desktop.expect_fault("editwindow.FreqField_KeyDown");
+    desktop.expect_fault("editwindow.FreqField_KeyDown");
     program.enter("15");
-    EXPECT_NE(program.desktop.faults.back().what.find("choose Insert Row again"), std::string::npos);
+    EXPECT_NE(desktop.faults.back().what.find("choose Insert Row again"), std::string::npos);
     table().choose(1);
     app.choose_menu("EditInsertRow");
     window().enterbutton.click();
@@ -109,17 +108,16 @@ TEST_F(RowCommandsTest, a_level_without_its_row_is_told_the_way_out) {
     table().double_click(2);
     table().choose(2);
     app.choose_menu("EditDeleteRow");
-    program.desktop.expect_fault("editwindow.submitchange_Action");
+    desktop.expect_fault("editwindow.submitchange_Action");
     window().submitchange.click();
-    EXPECT_NE(program.desktop.faults.back().what.find("Press \"Cancel Change\""), std::string::npos);
+    EXPECT_NE(desktop.faults.back().what.find("Press \"Cancel Change\""), std::string::npos);
 }
 
 TEST_F(RowCommandsTest, insert_without_a_level_selected_selects_the_row_worked_on_before) {
     enter_levels(3);
     app.row = 3;
     app.choose_menu("EditInsertRow");
-    EXPECT_EQ(levels(), "1:10 2:20 3:30");
-    EXPECT_EQ(table().ListIndex(), 3);
+    EXPECT_EQ(joined(levels(), table().ListIndex()), "1:10 2:20 3:30|3");
     EXPECT_FALSE(app.insert);
 }
 
@@ -128,13 +126,13 @@ TEST_F(RowCommandsTest, the_fiftieth_row_can_be_inserted_and_then_not_be_filled)
     table().choose(7);
     app.choose_menu("EditInsertRow");
     EXPECT_EQ(program.levels(), 50);
-    program.desktop.expect_message("maximum 50 levels has been exceeded");
+    desktop.expect_message("maximum 50 levels has been exceeded");
     program.enter("15");
     EXPECT_EQ(program.cell(7, column::base), "");
 
     app.insert = false;
     table().choose(9);
-    program.desktop.expect_message("All 50 levels are full");
+    desktop.expect_message("All 50 levels are full");
     app.choose_menu("EditInsertRow");
     EXPECT_EQ(app.row, 9);
     EXPECT_FALSE(app.insert);
@@ -144,7 +142,7 @@ TEST_F(RowCommandsTest, the_fiftieth_row_can_be_inserted_and_then_not_be_filled)
 TEST_F(RowCommandsTest, insert_goes_by_the_last_document_window_in_the_list) {
     enter_levels(2);
     table().choose(1);
-    program.desktop.expect_message("No Serial Port Selected");
+    desktop.expect_message("No Serial Port Selected");
     app.choose_menu("ZephonReadZephon"); // in front of the editor, which stays last
     EXPECT_EQ(app.myactivewindow, document::reader);
     app._EditInsertRow_Action();
@@ -160,8 +158,7 @@ TEST_F(RowCommandsTest, make_all_changes_every_row_and_nothing_else) {
     app.editchanged = false;
     app.choose_menu("EditMakeallSine");
     for (int row = 0; row <= 2; ++row) { // the empty row 0 too
-        EXPECT_EQ(program.cell(row, column::wave_shape), "Sine");
-        EXPECT_EQ(program.cell(row, column::duty_cycle), "");
+        EXPECT_EQ(joined(program.cell(row, column::wave_shape), program.cell(row, column::duty_cycle)), "Sine|");
     }
     app.choose_menu("EditMakeallSquare");
     for (int row = 0; row <= 2; ++row) {

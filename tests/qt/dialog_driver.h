@@ -2,8 +2,7 @@
 // Answers modal dialogs while the code under test waits for them.
 #pragma once
 
-#include <QApplication>
-#include <QTimer>
+#include <QtWidgets>
 #include <functional>
 
 namespace tessit::qt {

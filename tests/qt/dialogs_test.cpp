@@ -2,15 +2,7 @@
 #include "dialog_driver.h"
 #include "fixture.h"
 
-#include "qt/dialogs.h"
-
-#include <QFile>
-#include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QTemporaryDir>
+#include "qt/file_dialogs.h"
 
 namespace tessit::qt {
 
@@ -18,6 +10,13 @@ namespace {
 
 class Dialogs : public SampleTest, protected DialogDriver {
 protected:
+    FileRequest request(const std::string& default_name = "") {
+        return {.type = {"Zephon File/zp2", "zp2", ".zp2"},
+                .default_name = default_name,
+                .start_folder = FolderItem(folder.path().toStdString())};
+    }
+    void write_file(const char* name) { EXPECT_TRUE(QFile(folder.filePath(name)).open(QIODevice::WriteOnly)); }
+
     QTemporaryDir folder;
     QPoint on_button;
 };
@@ -47,6 +46,7 @@ TEST_F(Dialogs, EachButtonIsItsAnswer) {
         {question, close, DialogAnswer::cancel},
         {note, press(Qt::Key_Escape), DialogAnswer::action},
         {note, close, DialogAnswer::action},
+        {note, [](QMessageBox& box) { box.done(0); }, DialogAnswer::cancel}, // ended without a button
     };
     for (const Case& test : cases) {
         when_shown<QMessageBox>(test.user);
@@ -65,49 +65,115 @@ TEST_F(Dialogs, TextsAreShownAsTheyAre) {
     desktop.show_dialog({.Message = "<b>a</b>\rb", .Explanation = "<i>c</i>"});
 }
 
-TEST_F(Dialogs, SaveProposesABareNameAndAddsTheExtension) {
-    const FileRequest request{.type = {"Zephon File/zp2", "zp2", ".zp2"},
-                              .default_name = "a/b.zp2",
-                              .start_folder = FolderItem(folder.path().toStdString())};
-    when_shown<QFileDialog>([](QFileDialog& dialog) {
+// What the save dialog does with a typed name.
+struct Typed {
+    std::string name;
+    std::string proposed_again; // where the dialog told something: the name that stands in it then
+    const char* told;
+    const char* chosen;
+};
+
+TEST_F(Dialogs, SaveAddsTheExtensionAndRefusesWhatCannotBeCreated) {
+    write_file("there.zp2");
+    write_file("read-only.zp2");
+    QFile::setPermissions(folder.filePath("read-only.zp2"), QFile::ReadOwner);
+    QDir(folder.path()).mkdir("folder.zp2");
+    QDir(folder.path()).mkdir("inner");
+    const std::string long_name(300, 'a');
+    const Typed cases[] = {
+        {"c", "", nullptr, "c.zp2"},
+        {"Night 7.83", "", nullptr, "Night 7.83.zp2"},
+        {"Night.ZP2", "", nullptr, "Night.ZP2"},
+        {"inner/a.b", "", nullptr, "inner/a.b.zp2"},
+        {"there", "there.zp2", "there.zp2 already exists.", "there.zp2"},
+        {"read-only", "read-only", "could not be created: Permission denied.", nullptr},
+        {"missing/c", "missing/c", "could not be created: No such file or directory.", nullptr},
+        {"folder", "folder", "could not be created: Is a folder.", nullptr},
+        {long_name, long_name, "could not be created: File name too long.", nullptr},
+    };
+    for (const Typed& typed : cases) {
+        when_shown<QFileDialog>([&](QFileDialog& dialog) {
+            auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+            name->setFocus();
+            name->setText(QString::fromStdString(typed.name));
+            if (typed.told != nullptr) {
+                when_shown<QMessageBox>([&](QMessageBox& box) {
+                    EXPECT_TRUE(box.text().contains(QLatin1String(typed.told))) << box.text().toStdString();
+                    EXPECT_EQ(name->text().toStdString(), typed.proposed_again);
+                    box.buttons().front()->click(); // Yes, or OK
+                    QTimer::singleShot(0, &dialog, &QDialog::reject);
+                });
+            }
+            QTest::keyClick(name, Qt::Key_Return);
+        });
+        const auto chosen = desktop.choose_save_file(request("a.zp2"));
+        EXPECT_EQ(chosen ? chosen->AbsolutePath() : "nothing",
+                  typed.chosen == nullptr ? "nothing" : folder.filePath(typed.chosen).toStdString());
+    }
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList({"read-only.zp2", "there.zp2"}));
+}
+
+TEST_F(Dialogs, SaveGoesIntoAFolderWhoseNameIsTyped) {
+    QDir(folder.path()).mkdir("inner");
+    when_shown<QFileDialog>([this](QFileDialog& dialog) {
         auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
         EXPECT_EQ(name->text(), "a-b.zp2");
         EXPECT_EQ(dialog.nameFilters(), QStringList("Zephon File/zp2 (*.zp2)"));
-        name->setText("c");
+        name->setText("inner");
+        QTest::keyClick(name, Qt::Key_Return);
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_EQ(dialog.directory().path(), folder.filePath("inner"));
+        name->setText("a");
         QTest::keyClick(name, Qt::Key_Return);
     });
-    const auto chosen = desktop.choose_save_file(request);
+    const auto chosen = desktop.choose_save_file(request("a/b.zp2"));
     ASSERT_TRUE(chosen.has_value());
-    EXPECT_EQ(chosen->AbsolutePath(), folder.filePath("c.zp2").toStdString());
+    EXPECT_EQ(chosen->AbsolutePath(), folder.filePath("inner/a.zp2").toStdString());
+}
+
+TEST_F(Dialogs, WhatIsMadeOfASavedFileIsProposedBesideIt) {
+    QDir(folder.path()).mkdir("inner");
+    write_file("inner/kept.zp2");
+    const std::string saved = folder.filePath("inner/kept.zp2").toStdString();
+    const std::pair<std::string, std::string> cases[] = {
+        {saved, saved + ".zp2"},
+        {"/gone/kept.zp2", folder.filePath("-gone-kept.zp2.zp2").toStdString()},
+    };
+    for (const auto& [name, chosen] : cases) {
+        when_shown<QFileDialog>(
+            [](QFileDialog& dialog) { QTest::keyClick(dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return); });
+        EXPECT_EQ(desktop.choose_save_file(request(name + ".zp2"))->AbsolutePath(), chosen);
+    }
 }
 
 TEST_F(Dialogs, OpenGivesTheFileAndNothingWhenDismissed) {
-    QFile file(folder.filePath("a.zp2"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.close();
-    const FileRequest request{.type = {"Zephon File", "zp2", ".zp2"},
-                              .start_folder = FolderItem(folder.path().toStdString())};
-    when_shown<QFileDialog>([](QFileDialog& dialog) {
-        auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
-        name->setText("a.zp2");
-        QTest::keyClick(name, Qt::Key_Return);
-    });
-    const auto chosen = desktop.choose_open_file(request);
-    ASSERT_TRUE(chosen.has_value());
-    EXPECT_EQ(chosen->DisplayName(), "a.zp2");
+    write_file("Night 7.83.zp2");
+    for (const char* typed : {"Night 7.83.zp2", "Night 7.83"}) {
+        when_shown<QFileDialog>([typed](QFileDialog& dialog) {
+            auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+            name->setText(typed);
+            QTest::keyClick(name, Qt::Key_Return);
+        });
+        const auto chosen = desktop.choose_open_file(request());
+        ASSERT_TRUE(chosen.has_value());
+        EXPECT_EQ(chosen->DisplayName(), "Night 7.83.zp2");
+    }
     when_shown<QFileDialog>([](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
-    EXPECT_FALSE(desktop.choose_open_file(request).has_value());
+    EXPECT_FALSE(desktop.choose_open_file(request()).has_value());
 }
 
-TEST(FileNames, AreMadeHarmless) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"Untitled.zp2", "Untitled.zp2"},
-        {"a/b.zp2", "a-b.zp2"},
-        {"../x.zp2", "..-x.zp2"},
-        {"two\rlines", "two-lines"},
+TEST(FileNames, AreMadeHarmlessAndShortEnough) {
+    std::string long_name;
+    for (int i = 0; i < 100; ++i) {
+        long_name += "\xE2\x82\xAC"; // three bytes each
+    }
+    const std::pair<std::string, std::string> cases[] = {
+        {"Untitled.zp2", "Untitled.zp2"}, {"a/b.zp2", "a-b.zp2"},
+        {"../x.zp2", "..-x.zp2"},         {"two\rlines", "two-lines.zp2"},
+        {"a \"b\".zp2", "a -b-.zp2"},     {long_name + ".zp2", long_name.substr(0, 83UL * 3) + ".zp2"},
     };
-    for (const auto& [name, harmless] : cases) {
-        EXPECT_EQ(harmless_file_name(name).toStdString(), harmless);
+    for (const auto& [name, proposed] : cases) {
+        EXPECT_EQ(proposed_name(name, ".zp2").toStdString(), proposed);
     }
 }
 

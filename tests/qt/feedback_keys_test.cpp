@@ -1,25 +1,21 @@
 // SPDX-License-Identifier: MIT
 // The feedback form filled in with the keyboard alone.
-#include "fixture.h"
 #include "folder_desktop.h"
-#include "program/main_window.h"
 #include "support/feedback_form.h"
-
-#include <QRadioButton>
 
 namespace tessit::qt {
 
 namespace {
 
-TEST(FeedbackKeys, TabGoesFromGroupToGroupAndArrowsWithinOne) {
-    FolderDesktop desktop;
-    App app(desktop, {.StageCode = Stage::beta});
-    app.start();
+using FeedbackKeys = ProgramTest;
+
+TEST_F(FeedbackKeys, TabGoesFromGroupToGroupAndArrowsWithinOne) {
     app.choose_menu("ContactUsGiveusyourFeedback");
-    WindowWidget* widget = desktop.widget_of(app.FeedbackWindow.get());
-    ASSERT_TRUE(QTest::qWaitForWindowActive(widget));
-    const auto focus = [&] { return widget->focusWidget()->objectName().toStdString(); };
-    const auto press = [&](Qt::Key key) { QTest::keyClick(widget->focusWidget(), key); };
+    const WindowWidget& form = widget(app.FeedbackWindow.get());
+    const auto focus = [&] { return form.focusWidget()->objectName().toStdString(); };
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(form.focusWidget(), key, modifiers);
+    };
 
     std::string visited;
     for (int group = 0; group < 16; ++group) {
@@ -40,11 +36,11 @@ TEST(FeedbackKeys, TabGoesFromGroupToGroupAndArrowsWithinOne) {
 
     press(Qt::Key_Tab);
     EXPECT_EQ(focus(), "FeedbackCommentField");
-    QTest::keyClick(widget->focusWidget(), Qt::Key_Tab, Qt::ShiftModifier);
+    press(Qt::Key_Tab, Qt::ShiftModifier);
     EXPECT_EQ(focus(), "RadioButton70") << "the one that is on";
-    QTest::keyClick(widget->focusWidget(), Qt::Key_Tab, Qt::ShiftModifier);
+    press(Qt::Key_Tab, Qt::ShiftModifier);
     EXPECT_EQ(focus(), "RadioButton58");
-    EXPECT_EQ(widget->focusWidget()->accessibleName(), "Help Menu, Help Window Layout: Poor");
+    EXPECT_EQ(form.focusWidget()->accessibleName(), "Help Menu, Help Window Layout: Poor");
 }
 
 } // namespace

@@ -8,7 +8,7 @@
 
 namespace tessit::qt {
 
-class SampleTest : public testing::Test {
+class SampleTest : public ::testing::Test {
 protected:
     SampleTest() {
         app.window->Show();

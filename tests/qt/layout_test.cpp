@@ -1,53 +1,18 @@
 // SPDX-License-Identifier: MIT
 // That texts fit and colours contrast: the rules one by one, and every window of the program as it is shown.
-#include "composer/compose_window.h"
-#include "consolidator/consolidator_window.h"
-#include "core/popup_window.h"
-#include "device/load_direct_window.h"
-#include "device/load_zephon_window.h"
-#include "device/settings_window.h"
-#include "editor/edit_window.h"
+#include "all_windows.h"
 #include "folder_desktop.h"
 #include "level/register_image.h"
-#include "program/main_window.h"
 #include "qt/column_widths.h"
 #include "qt/control_layout.h"
 #include "qt/look.h"
-#include "qt/qt_desktop.h"
-#include "report/page_setup_window.h"
-#include "report/qc_window.h"
-#include "support/contact_form.h"
-#include "support/feedback_form.h"
-#include "support/help_window.h"
-#include "support/online_help_form.h"
-#include "support/support_mail.h"
-
-#include <QComboBox>
-#include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QScrollBar>
-#include <QStyle>
-#include <QStyleOptionComboBox>
-#include <QTableView>
-#include <QTest>
-#include <gtest/gtest.h>
-#include <numeric>
 
 namespace tessit::qt {
 
 namespace {
 
 TEST(ColumnWidths, EmptyPlacesShareWhatIsLeft) {
-    struct Case {
-        const char* widths;
-        std::vector<int> needed;
-        int available;
-        std::vector<int> result;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, std::vector<int>, int, std::vector<int>> cases[] = {
         {"40, , ,50 , ", {10, 10, 10, 10}, 290, {40, 100, 100, 50}},
         {"40,,50", {10, 10, 10}, 100, {40, 10, 50}},
         {"40, ,", {60, 10, 10}, 160, {60, 50, 50}},
@@ -58,20 +23,14 @@ TEST(ColumnWidths, EmptyPlacesShareWhatIsLeft) {
         {"40,50", {10, 20}, 20, {10, 20}},
         {"x,-5", {10, 10}, 60, {30, 30}},
     };
-    for (const Case& test : cases) {
-        EXPECT_EQ(column_widths(test.widths, test.needed, test.available), test.result) << test.widths;
+    for (const auto& [widths, needed, available, result] : cases) {
+        EXPECT_EQ(column_widths(widths, needed, available), result) << widths;
     }
 }
 
 TEST(Places, GrowWhereThereIsRoom) {
-    struct Case {
-        const char* what;
-        Placed control;
-        std::vector<QRect> others;
-        QRect result;
-    };
     const QRect place(100, 100, 50, 20);
-    const Case cases[] = {
+    const std::tuple<const char*, Placed, std::vector<QRect>, QRect> cases[] = {
         {"enough", {place, {40, 20}, 0}, {}, place},
         {"to the right", {place, {80, 20}, 0}, {}, {100, 100, 80, 20}},
         {"to the left", {place, {80, 20}, 2}, {}, {70, 100, 80, 20}},
@@ -82,18 +41,17 @@ TEST(Places, GrowWhereThereIsRoom) {
         {"higher upwards", {place, {50, 24}, 0}, {{100, 121, 50, 9}}, {100, 96, 50, 24}},
         {"at the edge", {{190, 0, 10, 20}, {30, 24}, 0}, {}, {170, 0, 30, 24}},
     };
-    for (const Case& test : cases) {
-        std::vector<Placed> controls{test.control};
-        for (const QRect& other : test.others) {
+    for (const auto& [what, control, others, result] : cases) {
+        std::vector<Placed> controls{control};
+        for (const QRect& other : others) {
             controls.push_back({.designed = other, .needed = {}});
         }
-        EXPECT_EQ(places_with_room(controls, {200, 200}).front(), test.result) << test.what;
+        EXPECT_EQ(places_with_room(controls, {200, 200}).front(), result) << what;
     }
 }
 
 TEST(Look, TextContrastsWithEveryBackground) {
-    EXPECT_EQ(readable_on(QColor(0xFF0000)), QColor(Qt::black));
-    EXPECT_EQ(readable_on(QColor(0xC0C0C0)), QColor(Qt::black));
+    EXPECT_TRUE(readable_on(QColor(0xFF0000)) == Qt::black && readable_on(QColor(0xC0C0C0)) == Qt::black);
     EXPECT_EQ(readable_on(QColor(0x000080)), QColor(Qt::white));
 }
 
@@ -168,36 +126,33 @@ void expect_no_overlap(const WindowWidget& window) {
     }
 }
 
-TEST(EveryWindow, ShowsItsTextsWholeAndApart) {
-    FolderDesktop desktop;
-    App app(desktop, {.StageCode = Stage::beta, .MajorVersion = 10, .MinorVersion = 20, .BugVersion = 30});
-    app.start();
-    app.from_user("windows", [&] {
+using EveryWindow = ProgramTest;
+
+TEST_F(EveryWindow, ShowsItsTextsWholeAndApart) {
+    app.from_user("windows", [this] {
         app.serialselected = true; // keeps the load window from closing itself
-        for (Window* window : std::initializer_list<Window*>{
-                 &app.Window1.get(), &app.popupwindow.get(), &app.settings_window.get(), &app.load_direct_window.get(),
-                 &app.loadzephonWindow.get(), &app.consolidatorWindow.get(), &app.composewindow.get(),
-                 &app.pgsetupwindow.get(), &app.qcsetupwindow.get(), &app.editwindow.get(), &app.FeedbackWindow.get(),
-                 &app.feedbackPopup.get(), &app.ContactUsWindow.get(), &app.ContactPopUp.get(),
-                 &app.OnlineHelpWindow.get(), &app.onlinehelpPopup.get(), &app.helpWindow.get()}) {
-            window->Show();
-        }
+#define SHOW(window) app.window->Show();
+        EACH_WINDOW(SHOW)
         EditWindow& editor = app.editwindow.get();
         editor.wave_box.SetListIndex(1);
         editor.FreqField.SetText("999999");
         app.Update_display();
         app.load_direct_window->loadcompleted.SetVisible(true);
+        editor.changelvlfield.SetVisible(true);
     });
+    const QImage change_field = find<QLineEdit>(app.editwindow.get(), "changelvlfield").grab().toImage();
+    EXPECT_EQ(change_field.pixelColor(5, 8), QColor(Qt::red));
+    EXPECT_GE(app.WindowCount(), 19);
     for (int index = 0; index < app.WindowCount(); ++index) {
-        const WindowWidget* widget = desktop.widget_of(app.Window(index));
-        ASSERT_NE(widget, nullptr) << app.Window(index).name();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(const_cast<WindowWidget*>(widget)));
-        expect_no_overlap(*widget);
-        for (const auto& control : widget->controls()) {
+        WindowWidget* shown = desktop.widget_of(app.Window(index));
+        ASSERT_NE(shown, nullptr) << app.Window(index).name();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(shown)) << app.Window(index).name();
+        expect_no_overlap(*shown);
+        for (const auto& control : shown->controls()) {
             expect_text_to_fit(control->widget());
         }
-        if (widget->width() >= app.Window(index).design().width) { // else the screen is smaller than the window
-            EXPECT_EQ(qobject_cast<QScrollArea*>(widget->centralWidget())->verticalScrollBar()->maximum(), 0);
+        if (shown->width() >= app.Window(index).design().width) { // else the screen is smaller than the window
+            EXPECT_EQ(qobject_cast<QScrollArea*>(shown->centralWidget())->verticalScrollBar()->maximum(), 0);
         }
     }
 }

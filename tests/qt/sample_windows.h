@@ -10,13 +10,17 @@
 #include "platform/static_controls.h"
 #include "platform/text.h"
 #include "qt/qt_desktop.h"
+#include "support/scripted_desktop.h"
 
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 #include <functional>
 #include <string>
 #include <vector>
 
 namespace tessit::qt {
+
+using testing::joined;
 
 using Log = std::vector<std::string>;
 
@@ -91,6 +95,10 @@ public:
         MenuBar1.item("FileSave").bind([this] { return chosen("FileSave"); });
     }
     ~SampleApp() override = default;
+    std::string_view opening_entry(const FolderItem& file) const override {
+        const auto extension = file.path().extension();
+        return extension == ".zp2" ? "FileOpen" : extension == ".csv" ? "FileSave" : "";
+    }
 
     ImplicitWindow<SampleApp, SampleWindow> window{*this};
     ImplicitWindow<SampleApp, SampleWindow> second{*this};

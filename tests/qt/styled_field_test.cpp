@@ -1,33 +1,23 @@
 // SPDX-License-Identifier: MIT
 // A styled field in its window, edited by keys and buttons, and the keys that press the window's buttons.
-#include "core/app.h"
 #include "dialog_driver.h"
 #include "editor/edit_window.h"
 #include "folder_desktop.h"
 #include "report/page_setup_window.h"
 #include "report/qc_window.h"
 
-#include <QClipboard>
-#include <QLineEdit>
-#include <QMimeData>
 #include <QPrintDialog>
-#include <QTest>
-#include <QTextEdit>
-#include <QToolButton>
-#include <gtest/gtest.h>
 
 namespace tessit::qt {
 
 namespace {
 
-class StyledField : public ::testing::Test, protected DialogDriver {
+class StyledField : public ProgramTest, protected DialogDriver {
 protected:
     StyledField() {
-        app.start();
         app.choose_menu("FileCreateNewFile");
         app.choose_menu("FilePrint");
-        edit = desktop.widget_of(app.pgsetupwindow.get())->findChild<QTextEdit*>("headingfield");
-        EXPECT_TRUE(QTest::qWaitForWindowActive(edit->window()));
+        edit = widget(app.pgsetupwindow.get()).findChild<QTextEdit*>("headingfield");
         model().SetText("ab");
         edit->moveCursor(QTextCursor::End);
     }
@@ -36,19 +26,16 @@ protected:
     QToolButton& bold() { return *edit->window()->findChild<QToolButton*>("Boldbutton1"); }
     std::vector<StyledRun> runs() { return model().StyledText().runs(); }
 
-    FolderDesktop desktop;
-    App app{desktop, {}};
     QTextEdit* edit = nullptr;
 };
 
 TEST_F(StyledField, AnswersAreTypedBehindTheirPrompts) {
     app.from_user("test", [this] { app.qcsetupwindow->Show(); });
-    auto& window = *desktop.widget_of(app.qcsetupwindow.get());
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto& window = widget(app.qcsetupwindow.get());
     for (const char* name : {"serialfield", "qcfield"}) {
         auto& field = *window.findChild<QLineEdit*>(QLatin1String(name));
         field.setFocus(Qt::TabFocusReason);
-        QTest::qWait(1);
+        QCoreApplication::processEvents();
         QTest::keyClicks(&field, "42");
     }
     EXPECT_EQ(app.qcsetupwindow->serialfield.Text(), "Zephon Serial#: 42");
@@ -93,8 +80,7 @@ TEST_F(StyledField, KeysPressTheButtonsThatTheyBelongTo) {
         dialog.reject();
     });
     QTest::keyClick(&bold(), Qt::Key_Return);
-    EXPECT_TRUE(asked);
-    EXPECT_FALSE(app.pgsetupwindow->Visible());
+    EXPECT_TRUE(asked && !app.pgsetupwindow->Visible());
     app.choose_menu("FilePrint");
     QTest::keyClick(edit, Qt::Key_Escape);
     EXPECT_FALSE(app.pgsetupwindow.exists());

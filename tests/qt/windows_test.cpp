@@ -3,12 +3,8 @@
 
 #include "qt/menu_bar.h"
 
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QTableView>
+#include <QDropEvent>
+#include <QMimeData>
 #include <set>
 
 namespace tessit::qt {
@@ -31,8 +27,7 @@ protected:
 TEST_F(Windows, MenuAsksAnewEachTimeItOpens) {
     const auto open = [&] { Q_EMIT file_menu().aboutToShow(); };
     open();
-    EXPECT_TRUE(entry("FileOpen").isEnabled());
-    EXPECT_FALSE(entry("FileSave").isEnabled());
+    EXPECT_TRUE(entry("FileOpen").isEnabled() && !entry("FileSave").isEnabled());
     EXPECT_FALSE(entry("FileSaveAs").isEnabled()) << "nothing is bound to it";
     app.can_save = true;
     open();
@@ -81,11 +76,57 @@ TEST_F(Windows, ClosingIsTheProgramsDecision) {
     EXPECT_EQ(app.log, (Log{"cancel close", "cancel close"}));
 }
 
+TEST_F(Windows, OpensAgainAsItWasAndWhereThereIsAScreen) {
+    const QRect screen = widget->screen()->availableGeometry();
+    const QRect place(70, 90, 420, 390);
+    const auto reopen = [&] {
+        app.window.Close();
+        app.window->Show();
+        widget = desktop.widget_of(app.window.get());
+    };
+    widget->setGeometry(place);
+    reopen();
+    EXPECT_EQ(widget->geometry(), place);
+    widget->showMaximized();
+    reopen();
+    EXPECT_TRUE(widget->isMaximized());
+    widget->showNormal();
+    EXPECT_TRUE(eventually([&] { return widget->geometry() == place; }));
+    widget->move(screen.bottomRight() * 5); // a screen that is taken away
+    reopen();
+    EXPECT_TRUE(screen.contains(widget->geometry()));
+}
+
 TEST_F(Windows, WhileAHandlerRunsClosingIsRefused) {
     window().on_button = [this] { widget->close(); };
     QTest::mouseClick(&find<QPushButton>("button"), Qt::LeftButton);
-    EXPECT_TRUE(app.window.exists());
-    EXPECT_TRUE(app.log.empty());
+    EXPECT_TRUE(app.window.exists() && app.log.empty());
+}
+
+TEST_F(Windows, FilesDroppedOnAWindowAreOpenedWhereItsMenuWould) {
+    auto& field = find<QLineEdit>("field");
+    const auto drag = [&](QEvent::Type type, const char* url) {
+        QMimeData data;
+        data.setUrls({QUrl(QLatin1String(url))});
+        data.setText(QLatin1String(url)); // as file managers do; the field takes text
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&field, &enter);
+        QDropEvent drop({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        if (type == QEvent::Drop) {
+            QApplication::sendEvent(&field, &drop);
+            EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
+        }
+        return enter.isAccepted();
+    };
+    EXPECT_FALSE(drag(QEvent::DragEnter, "file:///list.csv")) << "Save is not enabled";
+    EXPECT_FALSE(drag(QEvent::DragEnter, "file:///picture.png"));
+    EXPECT_FALSE(drag(QEvent::DragEnter, "https://tessit.example/a.zp2"));
+    app.from_user("handler", [&] { EXPECT_FALSE(drag(QEvent::DragEnter, "file:///a.zp2")); });
+    app.can_save = true;
+    EXPECT_TRUE(drag(QEvent::Drop, "file:///list.csv"));
+    EXPECT_TRUE(drag(QEvent::Drop, "file:///a.zp2"));
+    EXPECT_TRUE(eventually([&] { return app.log == Log{"FileSave", "FileOpen"}; }));
+    EXPECT_EQ(field.text(), "");
 }
 
 TEST_F(Windows, OrderFollowsTheWindowSystemOnceTheHandlerHasEnded) {
@@ -103,14 +144,6 @@ TEST_F(Windows, OrderFollowsTheWindowSystemOnceTheHandlerHasEnded) {
     EXPECT_NE(second->pos(), widget->pos());
 }
 
-TEST_F(Windows, HiddenAndShownAgainKeepsTheWidgets) {
-    window().Hide();
-    EXPECT_FALSE(widget->isVisible());
-    window().Show();
-    EXPECT_TRUE(widget->isVisible());
-    EXPECT_EQ(desktop.widget_of(window()), widget);
-}
-
 TEST_F(Windows, FocusGivenBeforeTheFirstShowIsThereAfterwards) {
     app.second->button.SetFocus();
     app.second->Show();
@@ -118,6 +151,8 @@ TEST_F(Windows, FocusGivenBeforeTheFirstShowIsThereAfterwards) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(second));
     EXPECT_TRUE(eventually([&] { return QApplication::focusWidget() == second->findChild<QPushButton*>("button"); }));
     EXPECT_TRUE(find<QLineEdit>("field").window()->focusWidget() == &find<QLineEdit>("field"));
+    app.second->field.SetFocus();
+    EXPECT_EQ(QApplication::focusWidget(), second->findChild<QLineEdit*>("field"));
 }
 
 TEST_F(Windows, ContentPlaceIsTold) {
@@ -148,7 +183,7 @@ TEST_F(Windows, NoticeIsPaintedWhileTheHandlerBlocks) {
         app.notice->Show();
         app.notice->bar.Refresh();
         WindowWidget* notice = desktop.widget_of(app.notice.get());
-        EXPECT_TRUE(notice->windowHandle()->isExposed());
+        EXPECT_TRUE(notice->windowHandle()->isExposed() && notice->testAttribute(Qt::WA_ShowWithoutActivating));
         EXPECT_EQ(notice->findChild<QProgressBar*>("bar")->value(), 90);
         EXPECT_EQ(app.front_window(), &window());
     });

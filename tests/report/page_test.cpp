@@ -102,12 +102,7 @@ TEST(TablePage, without_levels_has_the_text_of_row_0_beside_the_table) {
 }
 
 TEST(TablePage, aligns_long_texts_to_the_left_and_draws_no_cell_of_an_unknown_alignment) {
-    struct Case {
-        const char* alignment;
-        const char* text;
-        std::vector<int> x;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, std::vector<int>> cases[] = {
         {"Right", "abcd", {35 + 20 - 15}},
         {"right", "0123456789", {35 - 10 - 15}},
         {"Center", "abc", {47}},         // 35 + 12.5
@@ -116,17 +111,17 @@ TEST(TablePage, aligns_long_texts_to_the_left_and_draws_no_cell_of_an_unknown_al
         {"Left", "0123456789", {35}},
         {"", "abc", {}},
     };
-    for (const Case& c : cases) {
+    for (const auto& [alignment, text, places] : cases) {
         ReportTable table{
-            .columns = {{"a", 40, c.alignment}}, .rows = {{""}, {c.text}}, .total_frequencies = "", .total_time = ""};
+            .columns = {{"a", 40, alignment}}, .rows = {{""}, {text}}, .total_frequencies = "", .total_time = ""};
         std::vector<int> x;
         for (const auto& operation : page_of(table)) {
             const auto* string = std::get_if<DrawString>(&operation);
-            if (string != nullptr && string->text == c.text) {
+            if (string != nullptr && string->text == text) {
                 x.push_back(string->x);
             }
         }
-        EXPECT_EQ(x, c.x) << c.alignment << " " << c.text;
+        EXPECT_EQ(x, places) << alignment << " " << text;
     }
 }
 

@@ -6,18 +6,12 @@
 #include "consolidator/consolidator_window.h"
 #include "support/program.h"
 
-#include <gtest/gtest.h>
-
 #include <string>
 
 namespace tessit::testing {
 
-class ListTest : public ::testing::Test {
+class ListTest : public ProgramTest {
 protected:
-    Program program;
-    App& app = program.app;
-    ScriptedDesktop& desktop = program.desktop;
-
     void SetUp() override { app.choose_menu("ConsolidatorNew"); }
 
     ConsolidatorWindow& consolidator() { return app.consolidatorWindow.get(); }

@@ -20,6 +20,11 @@ inline constexpr Version test_version{.StageCode = Stage::beta, .MajorVersion = 
 // Settings that a program without a serial port starts with in silence: every default, nothing said.
 inline constexpr const char* quiet_settings = "rate,1;\n";
 
+// What is saved where nothing was changed.
+inline const std::string default_settings =
+    "serial port,15;dutycycle,7;output,0;pulse,0;shape,0;wave,0;width,9;rate,1;sf_time_ms,3:00;sf_time_s,180;"
+    "wp_time_ms,:10;wp_time_s,10;timeformat,1;use_euro,False;\n";
+
 struct Program {
     // Started with quiet settings; `start` is for tests of the start itself.
     Program() : Program(quiet_settings) {}
@@ -65,11 +70,16 @@ struct Program {
     }
 };
 
-// A program with an empty editor in front.
-class EditorTest : public ::testing::Test {
+class ProgramTest : public ::testing::Test {
 protected:
     Program program;
     App& app = program.app;
+    ScriptedDesktop& desktop = program.desktop;
+};
+
+// A program with an empty editor in front.
+class EditorTest : public ProgramTest {
+protected:
     EditWindow& window() { return app.editwindow.get(); }
 
     void SetUp() override { program.new_protocol(); }

@@ -15,27 +15,14 @@ namespace fs = std::filesystem;
 namespace {
 
 struct RecordingPrinter : Graphics {
-    std::vector<Page>* pages; // null: out of order
-    explicit RecordingPrinter(std::vector<Page>* printed) : pages(printed) {}
+    std::vector<Page>& pages;
+    explicit RecordingPrinter(std::vector<Page>& printed) : pages(printed) {}
 
     double StringWidth(const std::string& text, const PageFont&) override { return 5.0 * Len(text); }
-    void print(const Page& page) override {
-        if (pages == nullptr) {
-            throw Fault(FaultKind::write_failed, "The printer is out of order.");
-        }
-        pages->push_back(page);
-    }
+    void print(const Page& page) override { pages.push_back(page); }
 };
 
 } // namespace
-
-void SimulatedClock::idle(Microseconds at_most) {
-    now_ += at_most;
-    idled_ += at_most;
-    if (on_idle) {
-        on_idle();
-    }
-}
 
 TemporaryFolder::TemporaryFolder() {
     std::string name = (fs::temp_directory_path() / "tessit-test-XXXXXX").string();
@@ -68,9 +55,18 @@ std::string hex(const std::string& bytes) {
     return text;
 }
 
+std::optional<Fault> fault_of(const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const Fault& fault) {
+        return fault;
+    }
+    return std::nullopt;
+}
+
 ScriptedDesktop::~ScriptedDesktop() {
-    for (const auto& expected : messages_) {
-        ADD_FAILURE() << "never asked: " << expected.message;
+    for (const auto& [message, answer] : messages_) {
+        ADD_FAILURE() << "never asked: " << message;
     }
     for (const auto& expected : expected_faults_) {
         ADD_FAILURE() << "no fault came from " << expected;
@@ -79,28 +75,16 @@ ScriptedDesktop::~ScriptedDesktop() {
     EXPECT_TRUE(printers_.empty()) << "a print dialog did not come";
 }
 
-void ScriptedDesktop::expect_message(const std::string& message, DialogAnswer answer) {
-    messages_.push_back({message, answer});
-}
-
-void ScriptedDesktop::expect_fault(const std::string& handler) {
-    expected_faults_.push_back(handler);
-}
-
-void ScriptedDesktop::choose_file(const fs::path& file) {
-    files_.push_back(file);
-}
-
 DialogAnswer ScriptedDesktop::show_dialog(const MessageDialog& dialog) {
     dialogs.push_back(dialog);
     if (messages_.empty()) {
         ADD_FAILURE() << "unexpected dialog: " << dialog.Message;
         return DialogAnswer::cancel;
     }
-    const ExpectedMessage expected = messages_.front();
+    const auto [message, answer] = messages_.front();
     messages_.pop_front();
-    EXPECT_EQ(dialog.Message, expected.message);
-    return expected.answer;
+    EXPECT_EQ(dialog.Message, message);
+    return answer;
 }
 
 std::unique_ptr<Graphics> ScriptedDesktop::choose_printer() {
@@ -108,11 +92,10 @@ std::unique_ptr<Graphics> ScriptedDesktop::choose_printer() {
         ADD_FAILURE() << "unexpected print dialog";
         return nullptr;
     }
-    const PrinterAnswer answer = printers_.front();
+    on_print_dialog();
+    const bool chosen = printers_.front();
     printers_.pop_front();
-    return answer == PrinterAnswer::dismissed
-               ? nullptr
-               : std::make_unique<RecordingPrinter>(answer == PrinterAnswer::prints ? &pages : nullptr);
+    return chosen ? std::make_unique<RecordingPrinter>(pages) : nullptr;
 }
 
 void ScriptedDesktop::show_fault(const FaultReport& report) {

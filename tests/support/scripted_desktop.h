@@ -20,11 +20,12 @@ namespace tessit::testing {
 class SimulatedClock : public Clock {
 public:
     Microseconds now() override { return now_; }
-    void idle(Microseconds at_most) override;
+    void idle(Microseconds at_most) override {
+        now_ += at_most;
+        idled_ += at_most;
+    }
 
-    void advance(Microseconds by) { now_ += by; }
     Microseconds idled() const { return idled_; }
-    std::function<void()> on_idle; // after each idling
 
 private:
     Microseconds now_ = 1'000'000;
@@ -50,18 +51,42 @@ std::string file_bytes(const std::filesystem::path& file);
 void write_file(const std::filesystem::path& file, const std::string& bytes);
 std::string hex(const std::string& bytes); // "01 ff", for messages and literals
 
+// Whole numbers, texts and controls with a text, joined by "|": several values in one comparison.
+template <class... Values> std::string joined(const Values&... values) {
+    const auto text = []<class Value>(const Value& value) -> std::string {
+        if constexpr (std::is_integral_v<Value>) {
+            return std::to_string(+value);
+        } else if constexpr (std::is_convertible_v<Value, std::string>) {
+            return value;
+        } else if constexpr (requires { value.toStdString(); }) {
+            return value.toStdString();
+        } else {
+            return value.Text();
+        }
+    };
+    std::string all;
+    ((all += "|" + text(values)), ...);
+    return all.substr(1);
+}
+
+std::optional<Fault> fault_of(const std::function<void()>& step); // that it raises
+
 class ScriptedDesktop : public Desktop {
 public:
     ~ScriptedDesktop() override;
 
     // Script. Texts are compared whole.
-    void expect_message(const std::string& message, DialogAnswer answer = DialogAnswer::action);
-    void expect_fault(const std::string& handler);       // where the fault came from; its text is in `faults`
-    void choose_file(const std::filesystem::path& file); // the next file dialog; an empty path dismisses it
+    void expect_message(const std::string& message, DialogAnswer answer = DialogAnswer::action) {
+        messages_.emplace_back(message, answer);
+    }
+    void expect_fault(const std::string& handler) { expected_faults_.push_back(handler); } // its text is in `faults`
+    void choose_file(const std::filesystem::path& file) {
+        files_.push_back(file);
+    } // an empty path dismisses the dialog
     void dismiss_file_dialog() { choose_file({}); }
-    void accept_printing() { printers_.push_back(PrinterAnswer::prints); } // the next print dialog
-    void dismiss_print_dialog() { printers_.push_back(PrinterAnswer::dismissed); }
-    void refuse_printing() { printers_.push_back(PrinterAnswer::fails); } // chosen, and then out of order
+    void accept_printing() { printers_.push_back(true); } // the next print dialog
+    void dismiss_print_dialog() { printers_.push_back(false); }
+    std::function<void()> on_print_dialog = [] {};
     void connect(SerialPorts& ports) { switchboard_.connected = &ports; }
 
     // What happened.
@@ -111,20 +136,13 @@ private:
             return connected == nullptr ? nullptr : connected->open(port, settings);
         }
     };
-    struct ExpectedMessage {
-        std::string message;
-        DialogAnswer answer;
-    };
-
-    enum class PrinterAnswer { prints, dismissed, fails };
-
     std::optional<FolderItem> next_file(const FileRequest& request);
 
     Switchboard switchboard_;
-    std::deque<ExpectedMessage> messages_;
+    std::deque<std::pair<std::string, DialogAnswer>> messages_;
     std::deque<std::string> expected_faults_;
     std::deque<std::filesystem::path> files_;
-    std::deque<PrinterAnswer> printers_;
+    std::deque<bool> printers_; // chosen or dismissed
     std::deque<std::function<void()>> soon_;
 };
 

@@ -36,6 +36,11 @@ public:
             line_->owner.data_available();
         }
     }
+    void send_lines(const std::vector<std::string>& lines) {
+        for (const std::string& line : lines) {
+            send(line + "\r\n");
+        }
+    }
     void tell_sent() { // that all has gone out
         if (line_ != nullptr) {
             line_->owner.all_sent();

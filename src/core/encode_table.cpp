@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-// App's two ways between the table in front and the register image.
+// App's way from a document's table to the register image.
 #include "core/app.h"
 #include "core/document_window.h"
 #include "core/popup_window.h"
-#include "editor/edit_window.h"
-#include "level/decoder.h"
 #include "level/encoder.h"
+#include "platform/text.h"
 
 namespace tessit {
 
@@ -30,11 +29,6 @@ EncodingResult encode(RegisterImage& image, int level, const LevelCells& cells, 
 
 } // namespace
 
-void App::datareset() {
-    reset();
-    row = 0;
-}
-
 void App::load_data_array() {
     encode_document(front_document());
 }
@@ -45,18 +39,18 @@ void App::encode_document(DocumentWindow* document) {
     popupwindow->Show();
     auto& progress = popupwindow->ProgressBar1;
     progress.SetValue(1);
-    const int last_row = document == nullptr ? 0 : document->last_level_row();
-    for (int level_row = 1; level_row <= last_row; ++level_row) {
+    const auto table = document == nullptr ? std::nullopt : document->level_table();
+    const int last_level = table ? table->last_level : 0;
+    for (int level_row = 1; level_row <= last_level; ++level_row) {
         if (level_row > most_levels) {
-            throw Fault(FaultKind::out_of_bounds, "The table has " + Str(last_row) + " levels, and a bank holds " +
+            throw Fault(FaultKind::out_of_bounds, "The table has " + Str(last_level) + " levels, and a bank holds " +
                                                       Str(most_levels) + ". Delete the rows that are too many.");
         }
-        const EncodingRules rules = document->encoding_rules();
-        const LevelCells cells = cells_of(document->level_table(), level_row);
-        if (rules.blank_rows == BlankRows::skipped && same_text(cells[column::waveform], "blank")) {
+        const LevelCells cells = cells_of(table->rows, level_row);
+        if (table->rules.blank_rows == BlankRows::skipped && same_text(cells[column::waveform], "blank")) {
             continue;
         }
-        if (encode(*this, level_row, cells, rules) == EncodingResult::too_many_decimals) {
+        if (encode(*this, level_row, cells, table->rules) == EncodingResult::too_many_decimals) {
             for (int beep = 0; beep < 3; ++beep) {
                 Beep();
             }
@@ -66,16 +60,6 @@ void App::encode_document(DocumentWindow* document) {
         progress.Refresh();
     }
     popupwindow->Hide();
-}
-
-void App::displaydata(std::int32_t image_level) {
-    Listbox& table = editwindow->edit_displayBox;
-    const int target = row_for_next_level(*this, table);
-    const DecodedLevel decoded =
-        decode_level(bytes(image_level), {.time_form = time_form_of(default_timeformat), .mark = decimal_mark()});
-    show_level(table, target, decoded);
-    editwindow->add_to_totals(decoded);
-    insert = false;
 }
 
 } // namespace tessit

@@ -1,41 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "consolidator/list_file.h"
-
+// The Consolidator menu's commands.
+#include "composer/compose_window.h"
 #include "consolidator/consolidator_window.h"
 #include "core/app.h"
 #include "core/popup_window.h"
+#include "files/list_file.h"
 #include "platform/text.h"
 
 namespace tessit {
 
-FileType list_file_type_for_opening() {
-    return {.Name = "Frequency List", .MacType = "csv", .Extensions = list_extension};
-}
-
-FileType list_file_type_for_saving() {
-    return {.Name = "Frequency List/csv", .MacType = "csv", .Extensions = list_extension};
-}
-
-void save_frequency_list(App& app) {
-    app.filetype = list_extension;
-    app.filename = app.consolidatorWindow->nameField.Text() + list_extension;
-    const auto file = app.GetSaveFolderItem(list_file_type_for_saving(), app.filename);
-    if (!file) {
-        return;
-    }
-    app.filename = file->AbsolutePath();
-    app.filepath = file->Parent();
-    auto stream = file->CreateTextFile();
-    stream->WriteLine(app.consolidatorWindow->freqdisplayfield.Text());
-    stream->Close();
-    app.consolidatorchanged = false;
-    app.changed = false;
-}
-
 namespace {
 
 void open_frequency_list(App& app, const FolderItem& file) {
-    auto stream = file.OpenAsTextFile();
+    auto stream = file.OpenAsTextFile(most_list_bytes);
     ConsolidatorWindow& window = app.consolidatorWindow.get(); // before the name: it takes its own when it comes up
     app.filename = Replace(file.DisplayName(), list_extension, "");
     window.nameField.SetText(app.filename);
@@ -52,6 +29,11 @@ void open_frequency_list(App& app, const FolderItem& file) {
 
 } // namespace
 
+bool App::_ConsolidatorNew_Action() {
+    consolidatorWindow->Show();
+    return true;
+}
+
 bool App::_ConsolidatorOpen_Action() {
     filepath = GetOpenFolderItem(list_file_type_for_opening());
     if (!filepath) {
@@ -61,8 +43,22 @@ bool App::_ConsolidatorOpen_Action() {
     filepath.reset(); // settings are not saved until a later save has set it again
     popupwindow->Hide();
     consolidatorWindow->Show();
-    dataentry = true; // behind the showing, which clears it
+    dataentry = true; // after the showing, which clears it
     enable_menu_items();
+    return true;
+}
+
+bool App::_ConsolidatorQuit_Action() {
+    if (consolidatorchanged) {
+        const auto answer = consolidatorWindow->ask(save_question("Do you want to save your work before quitting?"));
+        if (answer != DialogAnswer::alternate) {
+            return true; // "Save" saves nothing: the list stays where it is, for the Save command
+        }
+    }
+    consolidatorWindow->forget_list();
+    consolidatorWindow.Close();
+    composewindow.Close();
+    show_main_window();
     return true;
 }
 

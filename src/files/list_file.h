@@ -7,15 +7,11 @@
 
 namespace tessit {
 
-class App;
-
 inline constexpr const char* list_extension = ".csv";
+
+inline constexpr std::size_t most_list_bytes = 4'000'000; // a longer list would keep the program busy for long
 
 FileType list_file_type_for_opening();
 FileType list_file_type_for_saving();
-
-// Asks for a file and writes the list to it. A dismissed dialog leaves the change flags, but the file name is already
-// the list's. Fault write_failed.
-void save_frequency_list(App& app);
 
 } // namespace tessit
