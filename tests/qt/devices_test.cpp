@@ -114,11 +114,11 @@ TEST(QtSerial, a_hang_up_is_seen_and_costs_nothing) {
     const auto line = ports.open(device.port, {});
     ASSERT_NE(line, nullptr);
     device.hang_up();
-    bool quiet = false; // a flood of error signals would give the event loop something to do in every round
-    for (int round = 0; round < 1'000 && !quiet; ++round) {
-        quiet = !QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents);
+    int busy = 0; // rounds of the event loop that had something to do; with a flood of error signals nearly all have
+    for (int round = 0; round < 1'000; ++round) {
+        busy += QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents) ? 1 : 0;
     }
-    EXPECT_TRUE(quiet);
+    EXPECT_LT(busy, 100);
     EXPECT_TRUE(!line->alive() && line->read(5).empty());
     line->write(std::vector<std::uint8_t>{1, 2});
     line->flush();
