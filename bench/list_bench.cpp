@@ -96,9 +96,11 @@ public:
     }
 
 private:
+    using Button = PushButton ConsolidatorWindow::*;
+
     std::string file() const { return folder_.filePath("list").toStdString(); }
 
-    void row(int count, const char* what, PushButton ConsolidatorWindow::*button, const std::string& command,
+    void row(int count, const char* what, Button button, const std::string& command,
              void (*loops)(std::vector<double>)) {
         const std::string text = joined(entries_, ", ");
         const double program = median_of(rounds_, [&] {

@@ -110,7 +110,7 @@ volatile std::sig_atomic_t end_was_asked = 0;
 
 // Blocks the signals that end the program; they come through in the poll alone. Gives the mask for the poll.
 sigset_t catch_end_signals() {
-    struct sigaction action {};
+    struct sigaction action = {};
     action.sa_handler = [](int) { end_was_asked = 1; };
     sigset_t blocked;
     sigset_t in_poll;

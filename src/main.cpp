@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: MIT
 // The entry: a desktop, the application object, the event loop.
 #include "core/app.h"
+#include "program/command_line.h"
 #include "qt/qt_desktop.h"
 
-int main(int argc, char* argv[]) {
+#include <cstdio>
+
+namespace {
+
+int run(int argc, char* argv[], const std::optional<std::filesystem::path>& file) {
     QCoreApplication::setApplicationName("tessit-control");
+    QGuiApplication::setDesktopFileName("example.tessit.Control"); // by it Wayland finds the windows' icon
     tessit::qt::GuiApplication application(argc, argv);
     tessit::qt::QtDesktop desktop;
     tessit::App app(desktop, {.StageCode = tessit::Stage::TESSIT_STAGE,
@@ -12,5 +18,27 @@ int main(int argc, char* argv[]) {
                               .MinorVersion = TESSIT_MINOR,
                               .BugVersion = TESSIT_BUG});
     app.start();
+    if (file) {
+        app.open_file(tessit::FolderItem(*file));
+    }
     return desktop.run();
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    const tessit::CommandLine line = tessit::read_command_line(argc, argv);
+    switch (line.wish) {
+    case tessit::CommandLine::Wish::start:
+        return run(argc, argv, line.file);
+    case tessit::CommandLine::Wish::help:
+        std::fputs(tessit::usage, stdout);
+        return 0;
+    case tessit::CommandLine::Wish::version:
+        std::printf("tessit-control %d.%d.%d\n", TESSIT_MAJOR, TESSIT_MINOR, TESSIT_BUG);
+        return 0;
+    case tessit::CommandLine::Wish::none:
+        std::fputs(tessit::usage, stderr);
+    }
+    return 2;
 }

@@ -7,6 +7,7 @@
 #include "platform/application.h"
 
 #include <string>
+#include <string_view>
 
 namespace tessit {
 
@@ -118,6 +119,8 @@ public:
     DocumentWindow* front_document(); // by myactivewindow, made where it is closed; null before the first one
     DocumentWindow* open_document();  // the same, but null where it is closed
 
+    void open_file(const FolderItem& file); // given at the start; a list by its name, anything else as a protocol
+    std::string_view opening_entry(const FolderItem& file) const override;
     void loaddata(const std::optional<FolderItem>& file);
     void writefile(Ref<BinaryOutputStream>& stream);
     void writezpFile(); // of the document in front

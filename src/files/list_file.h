@@ -9,6 +9,8 @@ namespace tessit {
 
 inline constexpr const char* list_extension = ".csv";
 
+inline constexpr std::size_t most_list_bytes = 4'000'000; // a longer list would keep the program busy for long
+
 FileType list_file_type_for_opening();
 FileType list_file_type_for_saving();
 

@@ -16,6 +16,9 @@ namespace tessit {
 
 inline constexpr const char* protocol_extension = ".zp2";
 
+// Fifty records with their dropped 253s, and one byte that tells that there are more: nothing behind them is looked at.
+inline constexpr std::size_t most_protocol_bytes = 50 * 13 + 1;
+
 FileType protocol_file_type_for_opening();
 FileType protocol_file_type_for_saving();
 

@@ -8,14 +8,17 @@ namespace tessit {
 
 namespace {
 
+using IntegerProperty = std::int32_t AppState::*;
+using TextProperty = std::string AppState::*;
+
 struct IntegerSetting {
     const char* key;
-    std::int32_t AppState::*property;
+    IntegerProperty property;
 };
 
 struct TextSetting {
     const char* key;
-    std::string AppState::*property;
+    TextProperty property;
 };
 
 constexpr const char* serial_port_key = "serial port";

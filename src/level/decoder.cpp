@@ -94,9 +94,8 @@ std::string decode_base(std::int32_t word, std::uint8_t db3) {
 DecodedLevel decode_level(const LevelBytes& record, const DecodingRules& rules) {
     using namespace record_offset;
     DecodedLevel level;
-    const auto cell = [&level](int index) -> auto& {
-        return level.cells[static_cast<std::size_t>(index)];
-    };
+    using Cell = std::optional<std::string>;
+    const auto cell = [&level](int index) -> Cell& { return level.cells[static_cast<std::size_t>(index)]; };
     const auto wave_code = static_cast<std::uint8_t>(record[db6] & mode::wave_mask);
     const auto shape = static_cast<std::uint8_t>(record[db6] & mode::shape_mask);
     const bool from_file = rules.source == RecordSource::file;

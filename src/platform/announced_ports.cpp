@@ -69,7 +69,7 @@ std::optional<fs::path> announcement_folder() {
                                 ? fs::path(runtime) / "tessit-control"
                                 : fs::path("/tmp") / ("tessit-control-" + std::to_string(getuid()));
     mkdir(folder.c_str(), S_IRWXU);
-    struct stat status {};
+    struct stat status = {};
     const bool ours = lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == getuid() &&
                       (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
     return ours ? std::optional(folder) : std::nullopt;

@@ -45,7 +45,8 @@ DialogAnswer Application::ShowModal(const MessageDialog& dialog) {
 }
 
 std::optional<FolderItem> Application::GetOpenFolderItem(const FileType& type) {
-    auto chosen = desktop_.choose_open_file({.type = type, .start_folder = FolderItem(last_folder_)});
+    auto chosen = chosen_ ? std::exchange(chosen_, std::nullopt)
+                          : desktop_.choose_open_file({.type = type, .start_folder = FolderItem(last_folder_)});
     if (chosen) {
         last_folder_ = chosen->Parent().path();
     }
@@ -176,8 +177,28 @@ bool Application::nothing_to_be_seen() const {
 void Application::enable_menu_items() {
     MenuBar1.restore_auto_enable();
     if (tessit::Window* front = front_window()) {
-        from_user(front->name() + ".Event_EnableMenuItems", [front] { front->Event_EnableMenuItems(); });
+        ask_rules_of(*front);
     }
+}
+
+void Application::ask_rules_of(tessit::Window& window) {
+    from_user(window.name() + ".Event_EnableMenuItems", [&window] { window.Event_EnableMenuItems(); });
+}
+
+bool Application::takes(tessit::Window& window, const FolderItem& file) {
+    const auto entry = opening_entry(file);
+    if (entry.empty() || busy() || !window.design().has_menu_bar) {
+        return false;
+    }
+    MenuBar1.restore_auto_enable();
+    ask_rules_of(window);
+    return MenuBar1.item(entry).Enabled();
+}
+
+void Application::choose_menu(std::string_view entry, const FolderItem& chosen) {
+    chosen_ = chosen;
+    choose_menu(entry);
+    chosen_.reset();
 }
 
 void Application::choose_menu(std::string_view entry) {

@@ -95,6 +95,12 @@ public:
     void enable_menu_items();
     void choose_menu(std::string_view entry);
 
+    // Files that come from outside, dropped on a window or given at the start. They are opened by the menu entry that
+    // would open them, as if they had been chosen in its dialog.
+    virtual std::string_view opening_entry(const FolderItem&) const { return {}; } // empty: none is meant for it
+    bool takes(tessit::Window& window, const FolderItem& file); // the window's menu has the entry, and it is enabled
+    void choose_menu(std::string_view entry, const FolderItem& chosen);
+
     // For Window, Control and ImplicitWindow.
     tessit::Window& adopt(std::unique_ptr<tessit::Window> window, std::function<void()> on_retired);
     void open(tessit::Window& window);
@@ -115,6 +121,7 @@ private:
         std::function<void()> on_retired;
     };
 
+    void ask_rules_of(tessit::Window& window);
     void end_outermost_event();
     bool handled_in_front(std::string_view entry);
     void report(const Fault& fault);
@@ -127,6 +134,7 @@ private:
     tessit::Window* active_ = nullptr;    // the one whose Event_Activate ran last
     tessit::Window* kept_open_ = nullptr; // the last one in this outermost event that did not let itself be closed
     std::filesystem::path last_folder_;   // of the file dialogs
+    std::optional<FolderItem> chosen_;    // the answer of the next open dialog, which is then not shown
     int depth_ = 0;
     bool quitting_ = false;
 };

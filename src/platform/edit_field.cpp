@@ -62,7 +62,7 @@ TextStyle EditField::input_style() const {
     return chosen_style_.value_or(styled_.style_for_input(selection_.start));
 }
 
-void EditField::toggle(bool TextStyle::*property) {
+void EditField::toggle(TextFlag property) {
     const auto [start, length] = selection_;
     if (length == 0) {
         TextStyle style = input_style();

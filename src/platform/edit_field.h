@@ -78,7 +78,7 @@ private:
     std::string accepted(std::string_view text) const;
     std::string in_one_line(std::string_view text) const;
     void take(tessit::StyledText next);
-    void toggle(bool TextStyle::*property);
+    void toggle(TextFlag property);
     TextStyle input_style() const;
 
     const EditFieldDesign own_;

@@ -54,7 +54,7 @@ void sync_folder(const fs::path& folder) {
 
 // The mode of the file that is to be replaced; none where nothing is yet.
 std::optional<mode_t> mode_to_keep(const fs::path& target, const fs::path& file) {
-    struct stat status {};
+    struct stat status = {};
     if (stat(file.c_str(), &status) != 0) {
         if (errno != ENOENT) {
             cannot_be_created(target, std::strerror(errno));

@@ -3,6 +3,7 @@
 
 #include "platform/file_kind.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -13,13 +14,13 @@ namespace tessit {
 
 namespace {
 
-[[noreturn]] void cannot_be_read(const std::filesystem::path& path, const char* reason) {
+[[noreturn]] void cannot_be_read(const std::filesystem::path& path, const std::string& reason) {
     throw Fault(FaultKind::read_failed, "The file \"" + path.string() + "\" could not be read: " + reason + ".");
 }
 
 // A pipe without a writer would never open, and a device need have no end.
 int open_regular(const std::filesystem::path& path) {
-    struct stat status {};
+    struct stat status = {};
     const char* reason = stat(path.c_str(), &status) == 0 ? why_no_ordinary_file(status.st_mode) : nullptr;
     if (reason != nullptr) {
         cannot_be_read(path, reason);
@@ -27,13 +28,13 @@ int open_regular(const std::filesystem::path& path) {
     return open(path.c_str(), O_RDONLY | O_CLOEXEC);
 }
 
-template <class Container> Container content_of(const std::filesystem::path& path) {
+template <class Container> Container content_of(const std::filesystem::path& path, std::size_t most) {
     Container content;
     const int descriptor = open_regular(path);
     ssize_t count = descriptor < 0 ? -1 : 1;
-    while (count > 0) {
+    while (count > 0 && content.size() < most) {
         char block[65536];
-        count = read(descriptor, block, sizeof block);
+        count = read(descriptor, block, std::min(sizeof block, most - content.size()));
         if (count > 0) {
             content.insert(content.end(), block, block + count);
         }
@@ -55,12 +56,16 @@ bool FolderItem::Exists() const {
     return std::filesystem::exists(path_, error);
 }
 
-Ref<BinaryInputStream> FolderItem::OpenAsBinaryFile() const {
-    return std::make_unique<BinaryInputStream>(content_of<std::vector<std::uint8_t>>(path_));
+Ref<BinaryInputStream> FolderItem::OpenAsBinaryFile(std::size_t most) const {
+    return std::make_unique<BinaryInputStream>(content_of<std::vector<std::uint8_t>>(path_, most));
 }
 
-Ref<TextInputStream> FolderItem::OpenAsTextFile() const {
-    return std::make_unique<TextInputStream>(content_of<std::string>(path_));
+Ref<TextInputStream> FolderItem::OpenAsTextFile(std::size_t most) const {
+    auto text = content_of<std::string>(path_, most + 1);
+    if (text.size() > most) {
+        cannot_be_read(path_, "It is longer than " + std::to_string(most) + " bytes");
+    }
+    return std::make_unique<TextInputStream>(std::move(text));
 }
 
 Ref<BinaryOutputStream> FolderItem::CreateBinaryFile(const std::string&) const {

@@ -5,7 +5,9 @@
 #include "platform/ref.h"
 #include "platform/streams.h"
 
+#include <cstddef>
 #include <filesystem>
+#include <limits>
 #include <string>
 
 namespace tessit {
@@ -29,9 +31,11 @@ public:
     bool Exists() const;
     const std::filesystem::path& path() const { return path_; }
 
-    // Raise Fault read_failed with the system's reason when the file can't be read.
-    Ref<BinaryInputStream> OpenAsBinaryFile() const;
-    Ref<TextInputStream> OpenAsTextFile() const;
+    // Raise Fault read_failed with the reason when the file can't be read. Of a binary file no more than `most` bytes
+    // are taken; a text is read whole or, where it is longer, not at all.
+    Ref<BinaryInputStream> OpenAsBinaryFile(std::size_t most = any_length) const;
+    Ref<TextInputStream> OpenAsTextFile(std::size_t most = any_length) const;
+    static constexpr std::size_t any_length = std::numeric_limits<std::size_t>::max() / 2;
 
     // Never nil; raise Fault write_failed with the reason when the file can't be created. The type tells other systems
     // what the file is; nothing here stores it.

@@ -85,7 +85,8 @@ public:
     void SetRequestToSend(bool on) { set(&SerialSettings::RequestToSend, on); }
 
 private:
-    template <class Value> void set(Value SerialSettings::*member, Value value) {
+    template <class Value> using Member = Value SerialSettings::*;
+    template <class Value> void set(Member<Value> member, Value value) {
         settings_.*member = value;
         if (line_ != nullptr) {
             line_->configure(settings_);

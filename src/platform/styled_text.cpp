@@ -71,11 +71,11 @@ void StyledText::SetSize(int start, int length, int size) {
     change(start, length, [size](TextStyle& style) { style.size = size; });
 }
 
-void StyledText::set(int start, int length, bool TextStyle::*property, bool value) {
+void StyledText::set(int start, int length, TextFlag property, bool value) {
     change(start, length, [property, value](TextStyle& style) { style.*property = value; });
 }
 
-bool StyledText::all(int start, int length, bool TextStyle::*property) const {
+bool StyledText::all(int start, int length, TextFlag property) const {
     bool result = length > 0;
     for (int place = start; result && place < start + length; ++place) {
         result = style_at(place).*property;

@@ -18,6 +18,8 @@ struct TextStyle {
     bool operator==(const TextStyle&) const = default;
 };
 
+using TextFlag = bool TextStyle::*;
+
 struct TextRange {
     int StartPos = 0;
     int Length = 0;
@@ -50,9 +52,9 @@ public:
     void SetItalic(int start, int length, bool italic) { set(start, length, &TextStyle::italic, italic); }
     void SetUnderline(int start, int length, bool underline) { set(start, length, &TextStyle::underline, underline); }
 
-    void set(int start, int length, bool TextStyle::*property, bool value);
+    void set(int start, int length, TextFlag property, bool value);
     // Whether every character has the property; false for none at all.
-    bool all(int start, int length, bool TextStyle::*property) const;
+    bool all(int start, int length, TextFlag property) const;
 
     // `text` in place of the characters from `start` on, in the style given.
     void replace(int start, int length, std::string_view text, const TextStyle& style);

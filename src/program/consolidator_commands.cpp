@@ -12,7 +12,7 @@ namespace tessit {
 namespace {
 
 void open_frequency_list(App& app, const FolderItem& file) {
-    auto stream = file.OpenAsTextFile();
+    auto stream = file.OpenAsTextFile(most_list_bytes);
     ConsolidatorWindow& window = app.consolidatorWindow.get(); // before the name: it takes its own when it comes up
     app.filename = Replace(file.DisplayName(), list_extension, "");
     window.nameField.SetText(app.filename);

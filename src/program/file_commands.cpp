@@ -6,6 +6,7 @@
 #include "device/settings_window.h"
 #include "editor/edit_window.h"
 #include "files/export_file.h"
+#include "files/list_file.h"
 #include "files/protocol_file.h"
 #include "platform/text.h"
 
@@ -34,7 +35,7 @@ void show_records(App& app, BinaryInputStream& stream) {
 }
 
 void open_protocol(App& app, const FolderItem& file) {
-    auto stream = file.OpenAsBinaryFile();
+    auto stream = file.OpenAsBinaryFile(most_protocol_bytes);
     app.filename = Replace(file.DisplayName(), protocol_extension, "");
     EditField& name = app.editwindow->namefield;
     const bool appended = app.editwindow->edit_displayBox.LastIndex() > 1;
@@ -49,6 +50,19 @@ void open_protocol(App& app, const FolderItem& file) {
 }
 
 } // namespace
+
+std::string_view App::opening_entry(const FolderItem& file) const {
+    const std::string extension = file.path().extension().string();
+    if (same_text(extension, list_extension)) {
+        return "ConsolidatorOpen";
+    }
+    return same_text(extension, protocol_extension) ? "FileOpen" : "";
+}
+
+void App::open_file(const FolderItem& file) {
+    const auto entry = opening_entry(file);
+    choose_menu(entry.empty() ? "FileOpen" : entry, file);
+}
 
 bool App::_FileOpen_Action() {
     datareset(); // before the dialog: a dismissed one leaves an empty image too
@@ -67,7 +81,7 @@ void App::loaddata(const std::optional<FolderItem>& file) {
     if (!file) {
         return;
     }
-    auto stream = file->OpenAsBinaryFile();
+    auto stream = file->OpenAsBinaryFile(most_protocol_bytes);
     for (int i = 1; !stream->EndOfFile(); ++i) {
         read_record(*stream, *this, i);
     }

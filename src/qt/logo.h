@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The program's picture, drawn: a sine wave running into a square wave on a rounded tile.
+// The program's picture, made from the desktop's icon (packaging/): a sine wave running into a square wave.
 #pragma once
 
 #include <QPixmap>

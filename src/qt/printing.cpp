@@ -7,6 +7,7 @@
 #include "qt/page_painter.h"
 
 #include <QBuffer>
+#include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QPageLayout>
@@ -94,11 +95,11 @@ void leave_out_page_options(QPrintDialog& dialog) {
     }
 }
 
-// The dialog proposes a file's name on some window systems, on others its folder alone.
+// The dialog proposes a file's name on some window systems and in some versions of Qt, elsewhere its folder alone.
 void propose_file_name(QPrintDialog& dialog) {
     auto* file = dialog.findChild<QLineEdit*>(QStringLiteral("filename"));
-    if (file != nullptr && file->text().endsWith(QLatin1Char('/'))) {
-        file->setText(file->text() + QLatin1String(document_name) + QLatin1String(".pdf"));
+    if (file != nullptr && dialog.printer()->outputFileName().isEmpty()) {
+        file->setText(QDir::homePath() + QLatin1Char('/') + QLatin1String(document_name) + QLatin1String(".pdf"));
     }
 }
 

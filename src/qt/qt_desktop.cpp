@@ -55,7 +55,8 @@ int QtDesktop::run() {
 
 FolderItem QtDesktop::program_folder() {
     const QString beside_program = QCoreApplication::applicationDirPath();
-    if (QFileInfo(beside_program).isWritable()) {
+    const bool installed = QDir(beside_program).exists(QStringLiteral("../share/tessit-control"));
+    if (!installed && QFileInfo(beside_program).isWritable()) {
         return FolderItem(QFile::encodeName(beside_program).toStdString());
     }
     const QString own = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);

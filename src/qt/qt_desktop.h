@@ -39,7 +39,7 @@ public:
     Clock& clock() override { return clock_; }
     SerialPorts& serial_ports() override { return serial_ports_; }
     Sockets& sockets() override { return sockets_; }
-    FolderItem program_folder() override;                // the executable's when it can be written, else the user's own
+    FolderItem program_folder() override;                // the user's own, or the executable's where it was built
     std::vector<FolderItem> document_folders() override; // the executable's, then those of an installation
 
     DialogAnswer show_dialog(const MessageDialog& dialog) override;

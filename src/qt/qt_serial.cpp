@@ -5,6 +5,8 @@
 
 #include <QSerialPort>
 #include <QSerialPortInfo>
+#include <QSocketNotifier>
+#include <memory>
 #include <poll.h>
 
 namespace tessit::qt {
@@ -43,6 +45,7 @@ public:
         if (port_.portName().isEmpty() || !port_.open(QIODevice::ReadWrite)) {
             return false;
         }
+        watch_for_hang_up();
         configure(settings);
         reset(); // what arrived before the line was open is nobody's answer
         return port_.isOpen();
@@ -99,6 +102,14 @@ public:
     }
 
 private:
+    // Qt 6.8 and later read the end of a line that hung up for ever and tell of no error. The system tells.
+    void watch_for_hang_up() {
+        hang_up_ = std::make_unique<QSocketNotifier>(port_.handle(), QSocketNotifier::Exception);
+        QObject::connect(
+            hang_up_.get(), &QSocketNotifier::activated, &port_, [this] { close_if_hung_up(); },
+            Qt::QueuedConnection); // which ends the watching
+    }
+
     // The kind that Qt tells comes from an old errno, and a full buffer counts as a lost device there. So the line
     // itself is asked. A line that hung up must be closed at once: Qt would signal the error for ever.
     void failed(QSerialPort::SerialPortError error) {
@@ -115,12 +126,14 @@ private:
         pollfd line{static_cast<int>(port_.handle()), 0, 0};
         if (poll(&line, 1, 0) != 0) { // only POLLHUP, POLLERR and POLLNVAL were asked for
             closing_ = true;          // closing raises errors of its own
+            hang_up_.reset();
             port_.close();
             closing_ = false;
         }
     }
 
     QSerialPort port_;
+    std::unique_ptr<QSocketNotifier> hang_up_; // while the line is open
     bool closing_ = false;
 };
 

@@ -6,6 +6,7 @@
 #include "qt/activation.h"
 #include "qt/control_factory.h"
 #include "qt/control_layout.h"
+#include "qt/file_drop.h"
 #include "qt/look.h"
 #include "qt/menu_bar.h"
 #include "qt/screen_place.h"
@@ -65,6 +66,9 @@ WindowWidget::WindowWidget(Window& model, Activation& activation)
     make_controls();
     set_tab_order();
     set_first_focus();
+    if (model.design().has_menu_bar) {
+        new FileDrop(*this);
+    }
 }
 
 void WindowWidget::make_controls() {

@@ -70,10 +70,12 @@ struct Desk {
     App app{desktop, test_version};
 };
 
+using Flag = bool AppState::*;
+
 struct Way {
     const char* name;
     const char* document; // that alone is unsaved
-    bool AppState::*flag;
+    Flag flag;
     std::function<void(App&)> command;
 };
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Open, Save, New and the closing prompt with real files.
+#include "consolidator/consolidator_window.h"
 #include "support/full_disk.h"
 #include "support/program.h"
 
@@ -162,6 +163,21 @@ TEST_F(ProtocolFile, what_cannot_be_read_is_a_fault_and_the_table_stays) {
     }
     program.enter("12");
     EXPECT_EQ(program.levels(), 4);
+}
+
+TEST_F(ProtocolFile, a_file_given_at_the_start_is_opened_as_if_it_had_been_chosen) {
+    app.open_file(FolderItem(file("a.ZP2", records(2))));
+    app.open_file(FolderItem(file("notes.txt", record(3)))); // anything but a list
+    EXPECT_EQ(program.levels(), 3);
+    EXPECT_TRUE(desktop.file_requests.empty());
+    close_editor(DialogAnswer::alternate);
+    app.open_file(FolderItem(file("b.CSV", "5, 6")));
+    EXPECT_EQ(app.consolidatorWindow->freqdisplayfield.Text(), "5, 6");
+    EXPECT_EQ(app.front_window(), &app.consolidatorWindow.get());
+    app.open_file(FolderItem(desktop.folder / "a.ZP2")); // which that window's menu does not allow
+    app.consolidatorWindow.Close();
+    open("one.zp2", record(1)); // nor is it kept for the next dialog
+    EXPECT_EQ(program.levels(), 1);
 }
 
 // Save

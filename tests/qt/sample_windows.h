@@ -95,6 +95,10 @@ public:
         MenuBar1.item("FileSave").bind([this] { return chosen("FileSave"); });
     }
     ~SampleApp() override = default;
+    std::string_view opening_entry(const FolderItem& file) const override {
+        const auto extension = file.path().extension();
+        return extension == ".zp2" ? "FileOpen" : extension == ".csv" ? "FileSave" : "";
+    }
 
     ImplicitWindow<SampleApp, SampleWindow> window{*this};
     ImplicitWindow<SampleApp, SampleWindow> second{*this};

@@ -3,6 +3,8 @@
 
 #include "qt/menu_bar.h"
 
+#include <QDropEvent>
+#include <QMimeData>
 #include <set>
 
 namespace tessit::qt {
@@ -99,6 +101,32 @@ TEST_F(Windows, while_a_handler_runs_closing_is_refused) {
     window().on_button = [this] { widget->close(); };
     QTest::mouseClick(&find<QPushButton>("button"), Qt::LeftButton);
     EXPECT_TRUE(app.window.exists() && app.log.empty());
+}
+
+TEST_F(Windows, files_dropped_on_a_window_are_opened_where_its_menu_would) {
+    auto& field = find<QLineEdit>("field");
+    const auto drag = [&](QEvent::Type type, const char* url) {
+        QMimeData data;
+        data.setUrls({QUrl(QLatin1String(url))});
+        data.setText(QLatin1String(url)); // as file managers do; the field takes text
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&field, &enter);
+        QDropEvent drop({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        if (type == QEvent::Drop) {
+            QApplication::sendEvent(&field, &drop);
+            EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
+        }
+        return enter.isAccepted();
+    };
+    EXPECT_FALSE(drag(QEvent::DragEnter, "file:///list.csv")) << "Save is not enabled";
+    EXPECT_FALSE(drag(QEvent::DragEnter, "file:///picture.png"));
+    EXPECT_FALSE(drag(QEvent::DragEnter, "https://tessit.example/a.zp2"));
+    app.from_user("handler", [&] { EXPECT_FALSE(drag(QEvent::DragEnter, "file:///a.zp2")); });
+    app.can_save = true;
+    EXPECT_TRUE(drag(QEvent::Drop, "file:///list.csv"));
+    EXPECT_TRUE(drag(QEvent::Drop, "file:///a.zp2"));
+    EXPECT_TRUE(eventually([&] { return app.log == Log{"FileSave", "FileOpen"}; }));
+    EXPECT_EQ(field.text(), "");
 }
 
 TEST_F(Windows, order_follows_the_window_system_once_the_handler_has_ended) {

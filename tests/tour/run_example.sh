@@ -43,5 +43,12 @@ done
 for form in feedback contact online-help; do
     mail_lines "$target/$form.eml" | diff -u "example/$form-mail.txt" - || status=1
 done
-../../tools/pictures --check "$target" || status=1
+
+# Each Qt draws icons and spaces text in its own way; the pictures show that of Debian 12.
+qt=$(ldd "$bin/tessit-control" | sed -n 's/.*libQt6Core.so.6 => \([^ ]*\) .*/\1/p' | xargs readlink -f)
+if [[ $qt == *.so.6.4.* ]]; then
+    ../../tools/pictures --check "$target" || status=1
+else
+    echo "The pictures were taken with Qt 6.4, and this is ${qt##*/}: they are not compared."
+fi
 exit $status

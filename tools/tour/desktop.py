@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Eyes and hands: finds and reads the program's controls over AT-SPI, and acts on them with real keys and clicks.
 
-Nothing is ever changed over AT-SPI. Every act waits until its effect is to be seen, by polling up to a deadline:
+Nothing is ever changed over AT-SPI but by act and put, for a Wayland session without hands. Every act waits until its effect is to be seen, by polling up to a deadline:
 under a window manager a synthetic key can overtake a synthetic click.
 """
 
@@ -39,7 +39,8 @@ class Control:
 
     @property
     def role(self):
-        return self._read(Atspi.Accessible.get_role_name, "")
+        role = self._read(Atspi.Accessible.get_role_name, "")
+        return "push button" if role == "button" else role  # what Debian 13 calls it
 
     @property
     def name(self):
@@ -113,6 +114,14 @@ class Control:
         if self.role not in ("table", "tree", "list"):
             for child in self.children():
                 yield from child.below()
+
+    def act(self):
+        """Does what a click would, where there is no mouse. A handler that shows a dialog keeps the answer waiting."""
+        self._read(lambda node: Atspi.Action.do_action(node, 0), False)
+
+    def put(self, text):
+        """Puts a text into a field, where there is no keyboard."""
+        self._read(lambda node: Atspi.EditableText.set_text_contents(node, text), False)
 
     def find(self, role, label=None):
         """The shown control of a role that a user knows by a label or by the caption beside it, or None."""

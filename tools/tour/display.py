@@ -17,20 +17,26 @@ NEEDED = ("Xvfb", "setxkbmap", "openbox", "dbus-daemon", "xdotool", "xwininfo", 
 def start_display(folder):
     """Starts the display; its home and runtime folders are made in "folder". Changes this process's environment."""
     check_tools()
+    use_homes(folder)
+    os.environ["QT_QPA_PLATFORM"] = "xcb"
+    with open(folder / "display.log", "ab") as log:
+        start_x(log)
+        subprocess.run(["setxkbmap", LAYOUTS], stdout=log, stderr=log, stdin=subprocess.DEVNULL, check=True, timeout=60)
+        start_bus(log)
+        children.start(["openbox"], stdout=log, stderr=log)
+
+
+def use_homes(folder):
+    """Makes home and runtime folders in "folder", and nothing of the user's session reaches the program."""
     home = make_folder(folder / "home")
     runtime = make_folder(folder / "runtime")
     for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORMTHEME", "QT_STYLE_OVERRIDE", "QT_SCALE_FACTOR"):
         os.environ.pop(name, None)
     os.environ.update({
         "HOME": str(home), "XDG_RUNTIME_DIR": str(runtime), "XDG_CONFIG_HOME": str(home / ".config"),
-        "XDG_DATA_HOME": str(home / ".local/share"), "LC_ALL": "C.UTF-8", "QT_QPA_PLATFORM": "xcb",
+        "XDG_DATA_HOME": str(home / ".local/share"), "LC_ALL": "C.UTF-8",
         "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "XDG_CURRENT_DESKTOP": "",
     })
-    with open(folder / "display.log", "ab") as log:
-        start_x(log)
-        subprocess.run(["setxkbmap", LAYOUTS], stdout=log, stderr=log, stdin=subprocess.DEVNULL, check=True, timeout=60)
-        start_bus(log)
-        children.start(["openbox"], stdout=log, stderr=log)
 
 
 def make_folder(path):
