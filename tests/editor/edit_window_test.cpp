@@ -5,8 +5,6 @@
 namespace tessit::testing {
 namespace {
 
-constexpr const char* unsaved = "Data in the Edit window has not been saved to file\rDo you want to save it?";
-
 using EditWindowTest = EditorTest;
 
 TEST_F(EditWindowTest, opens_with_the_defaults_and_an_empty_row) {
