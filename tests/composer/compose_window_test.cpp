@@ -64,9 +64,6 @@ TEST_F(ComposerTest, clicks_fill_the_fields_in_their_order) {
     ComposeWindow& w = composer();
     EXPECT_EQ(joined(w.freq_field, w.wavebox, w.widthbox, w.timefield), "105.|Spread Contracting|5|:10");
     EXPECT_TRUE(w.widthbox.Enabled());
-    list.SetCell(2, prime_column::width, "12"); // beyond the box: what the wave set stays
-    list.click_cell(2, prime_column::center);
-    EXPECT_EQ(w.widthbox.ListIndex(), app.defaultwidth);
     list.click_cell(1, prime_column::width);
     EXPECT_EQ(joined(app.cellcol, composer().freq_field.Text()), "1|105.");
     // Back to a prime the wave's change writes the time by the default format, not by the box.
@@ -76,6 +73,10 @@ TEST_F(ComposerTest, clicks_fill_the_fields_in_their_order) {
     EXPECT_FALSE(w.widthbox.Enabled());
     list.click_cell(0, prime_column::center); // an empty cell empties the field
     EXPECT_EQ(joined(composer().freq_field.Text(), list.ListIndex()), "|0");
+    list.click_cell(0, prime_column::prime);
+    list.SetCell(2, prime_column::width, "12"); // beyond the box: what the wave set stays
+    list.click_cell(2, prime_column::center);
+    EXPECT_EQ(w.widthbox.ListIndex(), app.defaultwidth);
 }
 
 TEST_F(ComposerTest, entering_a_new_row) {

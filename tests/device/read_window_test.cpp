@@ -315,7 +315,8 @@ TEST_F(ReadTest, edit_protocol_before_any_reading_is_a_fault) {
     open_window();
     desktop.expect_fault("_EditEditProtocol_Action");
     app.choose_menu("EditEditProtocol");
-    EXPECT_EQ(desktop.faults.back().what, "No bank has been read yet.");
+    ASSERT_EQ(desktop.faults.size(), 1U);
+    EXPECT_EQ(desktop.faults[0].what, "No bank has been read yet.");
 }
 
 TEST_F(ReadTest, edit_protocol_stops_when_the_table_is_full) {

@@ -12,7 +12,7 @@ using Lines = std::vector<std::string>;
 
 const Lines ok = {"ok"};
 
-TEST(Console, Keys_PutTheGeneratorIntoReceiveMode) {
+TEST(Console, keys_put_the_generator_into_receive_mode) {
     for (const char* keys : {"5 3", "53", "  5   3  "}) {
         Generator generator;
         EXPECT_EQ(execute(generator, keys).lines, ok);
@@ -20,7 +20,7 @@ TEST(Console, Keys_PutTheGeneratorIntoReceiveMode) {
     }
 }
 
-TEST(Console, Keys_CallToHaveABankRead) {
+TEST(Console, keys_call_to_have_a_bank_read) {
     for (const char* keys : {"5 2 7 #", "527#", "5 2 07 #", " 5  2  7# "}) {
         Generator generator;
         EXPECT_EQ(execute(generator, keys).lines, ok);
@@ -31,7 +31,7 @@ TEST(Console, Keys_CallToHaveABankRead) {
     }
 }
 
-TEST(Console, StoreAndFill_PutLevelsIntoMemory) {
+TEST(Console, store_and_fill_put_levels_into_memory) {
     Generator generator;
     for (const char* bytes :
          {"001e96080003 1d0500 00001FFFFFFFFF", "00 1e 96 08 00 03 1d 05 00 00 00 1f ff ff ff ff"}) {
@@ -43,7 +43,7 @@ TEST(Console, StoreAndFill_PutLevelsIntoMemory) {
     EXPECT_EQ(generator.level(40, 50), example_bank()[49]);
 }
 
-TEST(Console, PaceLatencyAndFailures_ActOnTheSending) {
+TEST(Console, pace_latency_and_failures_act_on_the_sending) {
     Generator generator;
     for (const char* command : {"pace on", "latency 3", "fail sending_extra_calls", "5 2 7 #"}) {
         EXPECT_EQ(execute(generator, command).lines, ok);
@@ -55,7 +55,7 @@ TEST(Console, PaceLatencyAndFailures_ActOnTheSending) {
     EXPECT_EQ(generator.take(3 * 521).size(), 1u);
 }
 
-TEST(Console, Waits_TellThoseOfTheLastReadingToo) {
+TEST(Console, waits_tell_those_of_the_last_reading_too) {
     Generator generator;
     execute(generator, "5 2 7 #");
     generator.receive(170, 0);
@@ -71,7 +71,7 @@ TEST(Console, Waits_TellThoseOfTheLastReadingToo) {
                      "reading 29021 prescribed 29010", "ok"}));
 }
 
-TEST(Console, Records_TellPaceAndBreachesOfTheLastLoad) {
+TEST(Console, records_tell_pace_and_breaches_of_the_last_load) {
     Generator generator;
     generator.press_receive();
     Script script = load_script();
@@ -96,7 +96,7 @@ TEST(Console, Records_TellPaceAndBreachesOfTheLastLoad) {
                      "ok"}));
 }
 
-TEST(Console, Fail_SetsModeLevelAndTimes) {
+TEST(Console, fail_sets_mode_level_and_times) {
     Generator generator;
     generator.press_receive();
     EXPECT_EQ(execute(generator, "fail handshake_silent 1 2").lines, ok);
@@ -106,7 +106,7 @@ TEST(Console, Fail_SetsModeLevelAndTimes) {
     EXPECT_EQ(joined(modes.front(), modes[modes.size() - 2]), "none|sending_hang_up");
 }
 
-TEST(Console, WrongCommands_GetOneClearError) {
+TEST(Console, wrong_commands_get_one_clear_error) {
     const std::pair<const char*, const char*> cases[] = {
         {"blink", "error: unknown command 'blink'; help lists them"},
         {"5 2", "error: use: 5 3 or 5 2 BANK #"},
@@ -137,7 +137,7 @@ TEST(Console, WrongCommands_GetOneClearError) {
     }
 }
 
-TEST(Console, EmptyLineAndQuit) {
+TEST(Console, empty_line_and_quit) {
     Generator generator;
     EXPECT_EQ(execute(generator, " ").lines, Lines{});
     const Reply reply = execute(generator, "quit");

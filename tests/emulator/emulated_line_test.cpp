@@ -19,7 +19,7 @@ struct EmulatedLineTest : ::testing::Test {
     void SetUp() override { generator.press_receive(); }
 };
 
-TEST_F(EmulatedLineTest, Read_GivesAtMostTheCountAndOnlyWhatIsDue) {
+TEST_F(EmulatedLineTest, read_gives_at_most_the_count_and_only_what_is_due) {
     generator.set_failure({.mode = FailureMode::handshake_split});
     auto line = open();
     call(*line);
@@ -31,7 +31,7 @@ TEST_F(EmulatedLineTest, Read_GivesAtMostTheCountAndOnlyWhatIsDue) {
     EXPECT_EQ(line->read(1), Bytes{6});
 }
 
-TEST_F(EmulatedLineTest, HangUp_KillsTheLineForEverAndANewOneWorks) {
+TEST_F(EmulatedLineTest, hang_up_kills_the_line_for_ever_and_a_new_one_works) {
     auto line = open();
     call(*line);
     generator.hang_up(AfterHangUp::can_be_opened_again);
@@ -59,7 +59,7 @@ struct SerialTest : EmulatedLineTest {
     }
 };
 
-TEST_F(SerialTest, AnOpenLine_IsOpenedAgainOnlyWhenItIsDead) {
+TEST_F(SerialTest, an_open_line_is_opened_again_only_when_it_is_dead) {
     EXPECT_TRUE(serial.Open() && serial.Open());
     generator.hang_up(AfterHangUp::can_be_opened_again);
     EXPECT_EQ(serial.ReadByte(), -1);
@@ -70,7 +70,7 @@ TEST_F(SerialTest, AnOpenLine_IsOpenedAgainOnlyWhenItIsDead) {
     EXPECT_TRUE(serial.Open());
 }
 
-TEST_F(SerialTest, AnotherPort_ClosesTheLineAndTheSamePortDoesNot) {
+TEST_F(SerialTest, another_port_closes_the_line_and_the_same_port_does_not) {
     serial.Open();
     serial.SetSerialPort(port);
     EXPECT_TRUE(serial.is_open());
@@ -79,7 +79,7 @@ TEST_F(SerialTest, AnotherPort_ClosesTheLineAndTheSamePortDoesNot) {
     EXPECT_EQ(serial.SerialPort(), other);
 }
 
-TEST_F(SerialTest, Settings_ReachAnOpenLineAtOnceAndAClosedOneWhenItOpens) {
+TEST_F(SerialTest, settings_reach_an_open_line_at_once_and_a_closed_one_when_it_opens) {
     serial.SetRequestToSend(true);
     serial.Open();
     EXPECT_EQ(ports.settings(), (SerialSettings{.Baud = 19200, .Bits = 8, .Stop = 1, .RequestToSend = true}));
@@ -87,7 +87,7 @@ TEST_F(SerialTest, Settings_ReachAnOpenLineAtOnceAndAClosedOneWhenItOpens) {
     EXPECT_EQ(ports.settings(), (SerialSettings{.Parity = SerialParity::even, .RequestToSend = true}));
 }
 
-TEST_F(SerialTest, AClosedLine_SwallowsEverything) {
+TEST_F(SerialTest, a_closed_line_swallows_everything) {
     serial.Write('V');
     serial.Flush();
     serial.Reset();

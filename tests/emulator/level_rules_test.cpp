@@ -8,7 +8,7 @@ namespace {
 
 using Eleven = std::array<Byte, 11>;
 
-TEST(LevelRules, CountByte_FewUnsetBytes_AreNotCounted) {
+TEST(LevelRules, count_byte_few_unset_bytes_are_not_counted) {
     const std::pair<Eleven, int> cases[] = {
         {{0, 30, 150, 8, 0, 3, 29, 5, 0, 0, 0}, 4},
         {{0, 30, 255, 8, 0, 3, 29, 5, 0, 0, 0}, 4},
@@ -22,7 +22,7 @@ TEST(LevelRules, CountByte_FewUnsetBytes_AreNotCounted) {
     }
 }
 
-TEST(LevelRules, CheckByte_BringsTheSumToZero_ExceptForAnUnsetLevel) {
+TEST(LevelRules, check_byte_brings_the_sum_to_zero_except_for_an_unset_level) {
     const std::pair<Eleven, int> cases[] = {
         {{0, 30, 150, 8, 0, 3, 29, 5, 0, 0, 0}, 31},
         {{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, 0},
@@ -35,7 +35,7 @@ TEST(LevelRules, CheckByte_BringsTheSumToZero_ExceptForAnUnsetLevel) {
     }
 }
 
-TEST(LevelRules, Addresses_OnlyTheFortyBankStarts_BeginABank) {
+TEST(LevelRules, addresses_only_the_forty_bank_starts_begin_a_bank) {
     const std::pair<int, std::optional<int>> cases[] = {{0, 1},      {800, 2}, {25 * 256, 9}, {121 * 256 + 224, 40},
                                                         {32000, {}}, {16, {}}, {799, {}},     {65535, {}}};
     for (const auto& [address, bank] : cases) {

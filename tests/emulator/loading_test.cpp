@@ -20,7 +20,7 @@ struct InReceiveMode : Generator {
     InReceiveMode() { press_receive(); }
 };
 
-TEST(Loading, LiteralDialogue_IsAnsweredByteForByte) {
+TEST(Loading, literal_dialogue_is_answered_byte_for_byte) {
     InReceiveMode generator;
     const Script script = load_script(2);
     Microseconds at = 0;
@@ -38,7 +38,7 @@ TEST(Loading, LiteralDialogue_IsAnsweredByteForByte) {
     EXPECT_EQ(generator.level(6, 50), never_loaded);
 }
 
-TEST(Loading, FiftyLevels_EndReceiveModeUnlessToldToStay) {
+TEST(Loading, fifty_levels_end_receive_mode_unless_told_to_stay) {
     InReceiveMode once;
     Generator always(AfterLoad::stay_in_receive_mode);
     EXPECT_TRUE(always.receiving());
@@ -54,7 +54,7 @@ TEST(Loading, FiftyLevels_EndReceiveModeUnlessToldToStay) {
     EXPECT_TRUE(!once.receiving() && always.receiving());
 }
 
-TEST(Loading, WrapOfTheLowAddressByte_IsCarried) {
+TEST(Loading, wrap_of_the_low_address_byte_is_carried) {
     InReceiveMode generator;
     Script script = {{0, 'V'}};
     for (int level = 1; level <= 17; ++level) {
@@ -68,7 +68,7 @@ TEST(Loading, WrapOfTheLowAddressByte_IsCarried) {
 
 enum class Then { stored, refused };
 
-TEST(Loading, EachBreach_IsRemembered) {
+TEST(Loading, each_breach_is_remembered) {
     // A level with wrong bytes is neither stored nor acknowledged.
     const std::tuple<std::size_t, Sent, Then, const char*> cases[] = {
         {record_at + 2, {5'000, 151}, Then::refused, "check byte 30 / byte 31"},
@@ -98,7 +98,7 @@ TEST(Loading, EachBreach_IsRemembered) {
     }
 }
 
-TEST(Loading, BytesBeforeTheCallAndACallThatCrossedTheAnswer_DoNoHarm) {
+TEST(Loading, bytes_before_the_call_and_a_call_that_crossed_the_answer_do_no_harm) {
     const std::tuple<int, Script, const char*> cases[] = {
         {0, Script(3, {0, 6}), "a call, byte 86 / byte 6"}, // one breach
         {1, {{10'000, 'V'}}, ""},
@@ -112,7 +112,7 @@ TEST(Loading, BytesBeforeTheCallAndACallThatCrossedTheAnswer_DoNoHarm) {
     }
 }
 
-TEST(Loading, AddressThatDoesNotFollow_IsRefusedWithItsLevel) {
+TEST(Loading, address_that_does_not_follow_is_refused_with_its_level) {
     InReceiveMode generator;
     Script script = load_script(2);
     script[next_level_at + 1].byte = 0xe0; // level 3's
@@ -123,7 +123,7 @@ TEST(Loading, AddressThatDoesNotFollow_IsRefusedWithItsLevel) {
     EXPECT_EQ(generator.take(2'000'000), (Bytes{170, 6, 6, 6})); // the fourth would be level 2's address
 }
 
-TEST(Loading, UnsetLevelWithAnotherCheckByte_IsRefused) {
+TEST(Loading, unset_level_with_another_check_byte_is_refused) {
     InReceiveMode generator;
     Script script = load_script(2);
     script[next_level_at + 2 + 11].byte = 11; // this one brings the sum to 0
@@ -131,7 +131,7 @@ TEST(Loading, UnsetLevelWithAnotherCheckByte_IsRefused) {
     EXPECT_EQ(violation_texts(generator), "check byte 0 / byte 11");
 }
 
-TEST(Loading, SenderThatDoesNotWaitForTheAcknowledge_IsTold) {
+TEST(Loading, sender_that_does_not_wait_for_the_acknowledge_is_told) {
     for (const FailureMode mode :
          {FailureMode::address_ack_lost, FailureMode::address_ack_late, FailureMode::address_ack_wrong}) {
         InReceiveMode generator;
@@ -141,7 +141,7 @@ TEST(Loading, SenderThatDoesNotWaitForTheAcknowledge_IsTold) {
     }
 }
 
-TEST(Loading, CallsBeforeTheKeysArePressed_AreNotAnsweredAndNoBreach) {
+TEST(Loading, calls_before_the_keys_are_pressed_are_not_answered_and_no_breach) {
     Generator generator;
     const Script calls(5, {10'000, 'V'});
     Microseconds at = play(generator, calls);
@@ -155,14 +155,14 @@ TEST(Loading, CallsBeforeTheKeysArePressed_AreNotAnsweredAndNoBreach) {
     EXPECT_EQ(joined(violation_texts(generator), generator.unheard_calls()), "|0");
 }
 
-TEST(Loading, CallsThatGoOnAfterTheAnswer_AreABreachAndAnsweredAgain) {
+TEST(Loading, calls_that_go_on_after_the_answer_are_a_breach_and_answered_again) {
     InReceiveMode generator;
     const Microseconds at = play(generator, Script(11, {10'000, 'V'}));
     EXPECT_EQ(generator.take(at), (Bytes{170, 6, 170, 6}));
     EXPECT_EQ(violation_texts(generator), "the first address / calls although they were answered");
 }
 
-TEST(Loading, CallsThatAHeldUpReaderTakesInTogether_AreAnsweredOnceWithoutABreach) {
+TEST(Loading, calls_that_a_held_up_reader_takes_in_together_are_answered_once_without_a_breach) {
     InReceiveMode generator;
     generator.receive('V', {.earliest = 1'000'000, .latest = 1'150'000});
     for (int i = 0; i < 14; ++i) {
@@ -172,7 +172,7 @@ TEST(Loading, CallsThatAHeldUpReaderTakesInTogether_AreAnsweredOnceWithoutABreac
     EXPECT_EQ(violation_texts(generator), "");
 }
 
-TEST(Loading, SenderThatGaveUpOnALateReader_BeginsAnewWithoutABreach) {
+TEST(Loading, sender_that_gave_up_on_a_late_reader_begins_anew_without_a_breach) {
     const std::pair<std::size_t, const char*> cases[] = {{low_at + 1, "the address"}, {count_at + 1, "the record"}};
     for (const auto& [bytes, behind] : cases) {
         InReceiveMode generator;
@@ -186,7 +186,7 @@ TEST(Loading, SenderThatGaveUpOnALateReader_BeginsAnewWithoutABreach) {
     }
 }
 
-TEST(Loading, LoadGivenUpInTheMiddle_NextCallBeginsANewOne) {
+TEST(Loading, load_given_up_in_the_middle_next_call_begins_a_new_one) {
     InReceiveMode generator;
     Microseconds at = play(generator, load_script(3));
     generator.take(at);
@@ -196,7 +196,7 @@ TEST(Loading, LoadGivenUpInTheMiddle_NextCallBeginsANewOne) {
     EXPECT_EQ(generator.level(7, 3), unset_level);
 }
 
-TEST(Loading, KeysPressedDuringALoad_GiveItUpWithoutABreach) {
+TEST(Loading, keys_pressed_during_a_load_give_it_up_without_a_breach) {
     InReceiveMode generator;
     Script script = load_script(1);
     script.resize(record_at + 4);

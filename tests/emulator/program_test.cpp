@@ -185,7 +185,7 @@ void load_a_level(Child& child) {
     ASSERT_TRUE(client.gets({6}));
 }
 
-TEST_F(EmulatorProgram, Load_IsReceivedStoredAndMeasuredWithoutBreach) {
+TEST_F(EmulatorProgram, load_is_received_stored_and_measured_without_breach) {
     Child child;
     const Lines greeting = child.start();
     EXPECT_EQ(
@@ -203,7 +203,7 @@ TEST_F(EmulatorProgram, Load_IsReceivedStoredAndMeasuredWithoutBreach) {
     EXPECT_EQ(child.errors(), "");
 }
 
-TEST_F(EmulatorProgram, Reading_SendsTheBankPartByPart) {
+TEST_F(EmulatorProgram, reading_sends_the_bank_part_by_part) {
     Child child("--pace --latency 2");
     child.start();
     EXPECT_EQ(child.ask("store 7 1 001e960800031d050000001fffffffff"), Lines{"ok"});
@@ -220,7 +220,7 @@ TEST_F(EmulatorProgram, Reading_SendsTheBankPartByPart) {
     EXPECT_EQ(child.errors(), "");
 }
 
-TEST_F(EmulatorProgram, ReadingThatHangsUp_HangsUpTheRealLineBetweenTwoParts) {
+TEST_F(EmulatorProgram, reading_that_hangs_up_hangs_up_the_real_line_between_two_parts) {
     Child child;
     child.start();
     EXPECT_EQ(child.ask("fail sending_hang_up 2 1"), Lines{"ok"});
@@ -235,7 +235,7 @@ TEST_F(EmulatorProgram, ReadingThatHangsUp_HangsUpTheRealLineBetweenTwoParts) {
     EXPECT_TRUE(again.gets({'V'}));
 }
 
-TEST_F(EmulatorProgram, Terminal_IsRawBeforeAnyClientSetsIt) {
+TEST_F(EmulatorProgram, terminal_is_raw_before_any_client_sets_it) {
     Child child("--receive");
     child.start();
     Client client(child.device);
@@ -244,7 +244,7 @@ TEST_F(EmulatorProgram, Terminal_IsRawBeforeAnyClientSetsIt) {
     EXPECT_TRUE(client.gets({170, 6}));
 }
 
-TEST_F(EmulatorProgram, BreachAndUnheardCall_AreLoggedAtOnce) {
+TEST_F(EmulatorProgram, breach_and_unheard_call_are_logged_at_once) {
     Child child;
     child.start();
     Client client(child.device);
@@ -258,7 +258,7 @@ TEST_F(EmulatorProgram, BreachAndUnheardCall_AreLoggedAtOnce) {
     EXPECT_TRUE(client.gets({170, 6}));
 }
 
-TEST_F(EmulatorProgram, HangUp_BringsANewTerminalUnderTheSameName) {
+TEST_F(EmulatorProgram, hang_up_brings_a_new_terminal_under_the_same_name) {
     Child child("--receive");
     child.start();
     Client client(child.device);
@@ -271,7 +271,7 @@ TEST_F(EmulatorProgram, HangUp_BringsANewTerminalUnderTheSameName) {
     load_a_level(child);
 }
 
-TEST_F(EmulatorProgram, Unplugged_IsNotListedUntilPluggedIn) {
+TEST_F(EmulatorProgram, unplugged_is_not_listed_until_plugged_in) {
     Child child;
     child.start();
     child.ask("unplug");
@@ -280,7 +280,7 @@ TEST_F(EmulatorProgram, Unplugged_IsNotListedUntilPluggedIn) {
     EXPECT_EQ(announced_ports().size(), 1u);
 }
 
-TEST_F(EmulatorProgram, Announcement_ComesAndGoesHoweverTheProgramEnds) {
+TEST_F(EmulatorProgram, announcement_comes_and_goes_however_the_program_ends) {
     for (const int signal : {0, SIGTERM, SIGINT}) {
         Child child("--port-name Bench");
         child.start();
@@ -296,7 +296,7 @@ TEST_F(EmulatorProgram, Announcement_ComesAndGoesHoweverTheProgramEnds) {
     }
 }
 
-TEST_F(EmulatorProgram, LinkOfAKilledGenerator_IsNotListedAndItsNameIsFree) {
+TEST_F(EmulatorProgram, link_of_a_killed_generator_is_not_listed_and_its_name_is_free) {
     for (const bool listed_between : {false, true}) {
         Child killed;
         killed.start();
@@ -315,7 +315,7 @@ TEST_F(EmulatorProgram, LinkOfAKilledGenerator_IsNotListedAndItsNameIsFree) {
     }
 }
 
-TEST_F(EmulatorProgram, SecondGenerator_IsListedUnderANumber) {
+TEST_F(EmulatorProgram, second_generator_is_listed_under_a_number) {
     Child first;
     first.start();
     Child second;
@@ -329,7 +329,7 @@ TEST_F(EmulatorProgram, SecondGenerator_IsListedUnderANumber) {
     EXPECT_EQ(names, "Bench|Zephon emulator|Zephon emulator 2|");
 }
 
-TEST_F(EmulatorProgram, FolderThatOthersMayWriteTo_IsNotUsed) {
+TEST_F(EmulatorProgram, folder_that_others_may_write_to_is_not_used) {
     fs::create_directory(link().parent_path());
     fs::permissions(link().parent_path(), fs::perms::all);
     Child child;
@@ -338,7 +338,7 @@ TEST_F(EmulatorProgram, FolderThatOthersMayWriteTo_IsNotUsed) {
     EXPECT_NE(child.errors().find("no folder that is this user's alone"), std::string::npos);
 }
 
-TEST_F(EmulatorProgram, EndOfInput_EndsItOnlyWhenAskedTo) {
+TEST_F(EmulatorProgram, end_of_input_ends_it_only_when_asked_to) {
     Child stays("--receive");
     stays.start();
     stays.end_input();
@@ -351,7 +351,7 @@ TEST_F(EmulatorProgram, EndOfInput_EndsItOnlyWhenAskedTo) {
     EXPECT_EQ(ends.exit_code(), 0);
 }
 
-TEST_F(EmulatorProgram, WrongOptions_AreRefusedWithTheUsage) {
+TEST_F(EmulatorProgram, wrong_options_are_refused_with_the_usage) {
     for (const char* options : {"--loud", "--port-name", "--port-name ../x", "--latency", "--latency 17"}) {
         Child child(options);
         EXPECT_EQ(child.exit_code(), 2);

@@ -50,7 +50,7 @@ struct SendingTest : ::testing::Test {
     }
 };
 
-TEST_F(SendingTest, LiteralDialogue_SendsAddressAndRecordOnAlternateAcknowledges) {
+TEST_F(SendingTest, literal_dialogue_sends_address_and_record_on_alternate_acknowledges) {
     generator.press_send(7);
     EXPECT_EQ(after(0), Bytes{'V'});
     EXPECT_EQ(after(49'999), Bytes{});
@@ -64,7 +64,7 @@ TEST_F(SendingTest, LiteralDialogue_SendsAddressAndRecordOnAlternateAcknowledges
     EXPECT_EQ(violation_texts(generator), "");
 }
 
-TEST_F(SendingTest, Answered_ItEndsBehindTheHundredAndTenthAcknowledge) {
+TEST_F(SendingTest, answered_it_ends_behind_the_hundred_and_tenth_acknowledge) {
     generator.press_send(7);
     after(0);
     answer();
@@ -79,7 +79,7 @@ TEST_F(SendingTest, Answered_ItEndsBehindTheHundredAndTenthAcknowledge) {
     EXPECT_EQ(joined(violation_texts(generator), generator.reading_gaps().size()), "|111");
 }
 
-TEST(BytesOfReading, LastRecord_IsWhatFollowsTheBankInMemory) {
+TEST(BytesOfReading, last_record_is_what_follows_the_bank_in_memory) {
     Memory memory;
     memory.store(8, 1, hz_7_83);
     memory.store(1, 1, unset_level);
@@ -112,7 +112,7 @@ void expect_breach(const Script& script, const std::string& violation, Then then
     EXPECT_EQ(generator.sending(), then == Then::goes_on);
 }
 
-TEST(Sending, EachBreach_IsRemembered) {
+TEST(Sending, each_breach_is_remembered) {
     const Script good = {{0, 170}, {5'000, 6}, {12'000, 6}, {10, 6}, {12'000, 6}};
     const auto with = [&](std::size_t place, Sent instead) {
         Script script(good.begin(), good.begin() + static_cast<std::ptrdiff_t>(place));
@@ -137,7 +137,7 @@ TEST(Sending, EachBreach_IsRemembered) {
                   Then::goes_on);
 }
 
-TEST_F(SendingTest, KeysOfALoad_EndTheSendingAndTheOtherWayRound) {
+TEST_F(SendingTest, keys_of_a_load_end_the_sending_and_the_other_way_round) {
     generator.press_send(7);
     after(0);
     generator.press_receive();
@@ -149,7 +149,7 @@ TEST_F(SendingTest, KeysOfALoad_EndTheSendingAndTheOtherWayRound) {
     EXPECT_EQ(violation_texts(generator), "");
 }
 
-TEST_F(SendingTest, GeneratorThatStaysInReceiveMode_ReturnsToItBehindAReading) {
+TEST_F(SendingTest, generator_that_stays_in_receive_mode_returns_to_it_behind_a_reading) {
     Generator always(AfterLoad::stay_in_receive_mode);
     always.press_send(1);
     EXPECT_FALSE(always.receiving());
@@ -162,7 +162,7 @@ TEST_F(SendingTest, GeneratorThatStaysInReceiveMode_ReturnsToItBehindAReading) {
     EXPECT_EQ(violation_texts(always), "");
 }
 
-TEST_F(SendingTest, PaceAndLatency_SayWhenEachByteIsThere) {
+TEST_F(SendingTest, pace_and_latency_say_when_each_byte_is_there) {
     generator.set_pace(Pace::line_speed);
     generator.set_latency(3'000);
     generator.press_send(7);
@@ -182,7 +182,7 @@ TEST_F(SendingTest, PaceAndLatency_SayWhenEachByteIsThere) {
     EXPECT_EQ(after(521), Bytes{208});
 }
 
-TEST(ExampleBank, LevelsAreValidAndEveryKindOccurs) {
+TEST(ExampleBank, levels_are_valid_and_every_kind_occurs) {
     std::set<int> modes;
     std::set<int> scales;
     for (const LevelBytes& level : example_bank()) {

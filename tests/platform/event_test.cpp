@@ -85,9 +85,10 @@ TEST_F(Events, a_button_acts_unless_the_press_was_used_up_or_cannot_reach_it) {
 
 TEST(MenuEvents, a_fault_in_an_action_bears_the_commands_name) {
     ScriptedDesktop desktop;
-    SmallApplication app(desktop, MenuBar({{"FileMenu", "File", {MenuItem("Open", "Open", true)}}}));
+    SmallApplication app(desktop, MenuBar({{"FileMenu", "File", {MenuItem("Open", "Open", false)}}}));
     app.event([&] { app.first.get(); });
     app.MenuBar1.item("Open").bind([]() -> bool { throw Fault(FaultKind::nil_object, "a fault"); });
+    app.on["first.Event_EnableMenuItems"] = [&] { app.MenuBar1.item("Open").Enable(); };
     desktop.expect_fault("_Open_Action");
     app.choose_menu("Open");
     app.on["first.Event_EnableMenuItems"] = [] { throw Fault(FaultKind::nil_object, "a fault"); };

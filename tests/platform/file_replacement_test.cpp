@@ -230,8 +230,7 @@ TEST_F(StreamsTest, what_cannot_be_read_is_a_fault_with_the_systems_reason) {
     }
 }
 
-TEST(Streams, no_more_is_taken_than_can_matter) {
-    const TemporaryFolder folder;
+TEST_F(StreamsTest, no_more_is_taken_than_can_matter) {
     write_file(folder / "six", "abcdef");
     auto stream = FolderItem(folder / "six").OpenAsBinaryFile(5);
     for (const char byte : {'a', 'b', 'c', 'd', 'e'}) {
@@ -239,7 +238,7 @@ TEST(Streams, no_more_is_taken_than_can_matter) {
     }
     EXPECT_TRUE(stream->EndOfFile());
     EXPECT_EQ(FolderItem(folder / "six").OpenAsTextFile(6)->ReadAll(), "abcdef");
-    EXPECT_EQ(fault_of([&] { FolderItem(folder / "six").OpenAsTextFile(5); }), FaultKind::read_failed);
+    EXPECT_EQ(kind_of([&] { FolderItem(folder / "six").OpenAsTextFile(5); }), FaultKind::read_failed);
 }
 
 } // namespace

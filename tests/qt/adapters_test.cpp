@@ -7,7 +7,7 @@ namespace {
 
 using Adapters = SampleTest;
 
-TEST_F(Adapters, LineFieldPassesTypingOnAndShowsWhatTheProgramSets) {
+TEST_F(Adapters, line_field_passes_typing_on_and_shows_what_the_program_sets) {
     auto& edit = find<QLineEdit>("field");
     edit.setFocus();
     QTest::keyClicks(&edit, "7.8");
@@ -19,7 +19,7 @@ TEST_F(Adapters, LineFieldPassesTypingOnAndShowsWhatTheProgramSets) {
     EXPECT_EQ(app.log, Log{"field set"}) << "the program's own change came back as the user's";
 }
 
-TEST_F(Adapters, LimitHoldsForTheUserAlone) {
+TEST_F(Adapters, limit_holds_for_the_user_alone) {
     auto& edit = find<QLineEdit>("field");
     window().field.SetText("longer than seven");
     EXPECT_EQ(edit.text(), "longer than seven");
@@ -30,7 +30,7 @@ TEST_F(Adapters, LimitHoldsForTheUserAlone) {
     EXPECT_EQ(window().field.Text(), "1234567");
 }
 
-TEST_F(Adapters, UndoTakesBackOnlyWhatTheUserTyped) {
+TEST_F(Adapters, undo_takes_back_only_what_the_user_typed) {
     auto& edit = find<QLineEdit>("field");
     QTest::keyClicks(&edit, "ab");
     window().field.SetText("set");
@@ -41,7 +41,7 @@ TEST_F(Adapters, UndoTakesBackOnlyWhatTheUserTyped) {
     EXPECT_EQ(joined(edit.text(), window().field.Text()), "set|set");
 }
 
-TEST_F(Adapters, LineFieldTakesWhatIsPasted) {
+TEST_F(Adapters, line_field_takes_what_is_pasted) {
     const std::pair<const char*, const char*> cases[] = {
         {"1234.5678", "1234.56"}, // the limit holds from the beginning
         {"a\nb", "a b"},
@@ -59,7 +59,7 @@ TEST_F(Adapters, LineFieldTakesWhatIsPasted) {
     }
 }
 
-TEST_F(Adapters, TextFieldHoldsCarriageReturnsInside) {
+TEST_F(Adapters, text_field_holds_carriage_returns_inside) {
     auto& edit = find<QPlainTextEdit>("notes");
     window().notes.SetText("one\rtwo");
     EXPECT_EQ(edit.toPlainText(), "one\ntwo");
@@ -69,7 +69,7 @@ TEST_F(Adapters, TextFieldHoldsCarriageReturnsInside) {
     EXPECT_EQ(window().notes.Text(), "one\rtwo\r3");
 }
 
-TEST_F(Adapters, PopupMenuBothWays) {
+TEST_F(Adapters, popup_menu_both_ways) {
     auto& box = find<QComboBox>("menu");
     box.setCurrentIndex(2);
     EXPECT_EQ(window().menu.ListIndex(), 2);
@@ -81,7 +81,7 @@ TEST_F(Adapters, PopupMenuBothWays) {
     EXPECT_EQ(app.log, (Log{"menu 20", "menu "}));
 }
 
-TEST_F(Adapters, ComboBoxKeepsAFreeTextAsTypedAndMakesNoItem) {
+TEST_F(Adapters, combo_box_keeps_a_free_text_as_typed_and_makes_no_item) {
     auto& box = find<QComboBox>("combo");
     box.setFocus();
     box.lineEdit()->selectAll();
@@ -98,7 +98,7 @@ TEST_F(Adapters, ComboBoxKeepsAFreeTextAsTypedAndMakesNoItem) {
     EXPECT_EQ(joined(box.currentText(), app.log.size()), "Three|3");
 }
 
-TEST_F(Adapters, WheelChangesAComboBoxOnlyWithTheFocus) {
+TEST_F(Adapters, wheel_changes_a_combo_box_only_with_the_focus) {
     auto& box = find<QComboBox>("menu");
     const auto turn = [&] {
         const QPointF inside(5, 5);
@@ -114,7 +114,7 @@ TEST_F(Adapters, WheelChangesAComboBoxOnlyWithTheFocus) {
     EXPECT_EQ(window().menu.ListIndex(), 2);
 }
 
-TEST_F(Adapters, ButtonActsOnMouseSpaceAndReturn) {
+TEST_F(Adapters, button_acts_on_mouse_space_and_return) {
     auto& button = find<QPushButton>("button");
     EXPECT_EQ(button.text(), "Push &&&& pull");
     QTest::mouseClick(&button, Qt::LeftButton);
@@ -125,7 +125,7 @@ TEST_F(Adapters, ButtonActsOnMouseSpaceAndReturn) {
     EXPECT_FALSE(button.isEnabled());
 }
 
-TEST_F(Adapters, RadioButtonsFollowTheModelsGroup) {
+TEST_F(Adapters, radio_buttons_follow_the_models_group) {
     auto& left = find<QRadioButton>("left");
     auto& right = find<QRadioButton>("right");
     QTest::mouseClick(&right, Qt::LeftButton, Qt::NoModifier, {8, 10});
@@ -135,7 +135,7 @@ TEST_F(Adapters, RadioButtonsFollowTheModelsGroup) {
     EXPECT_EQ(app.log, Log{"right"});
 }
 
-TEST_F(Adapters, TableShowsEveryChangeAtOnce) {
+TEST_F(Adapters, table_shows_every_change_at_once) {
     auto& view = find<QTableView>("table");
     Listbox& table = window().table;
     const auto cell = [&](int row, int column) { return view.model()->index(row, column).data().toString(); };
@@ -153,7 +153,7 @@ TEST_F(Adapters, TableShowsEveryChangeAtOnce) {
               Qt::AlignRight | Qt::AlignVCenter);
 }
 
-TEST_F(Adapters, TableSelectionAndDoubleClick) {
+TEST_F(Adapters, table_selection_and_double_click) {
     auto& view = find<QTableView>("table");
     for (const char* row : {"", "1", "2"}) {
         window().table.AddRow(row);
@@ -173,7 +173,7 @@ TEST_F(Adapters, TableSelectionAndDoubleClick) {
     EXPECT_EQ(joined(app.log.front(), std::count(app.log.begin(), app.log.end(), "double 0")), "row 0|0");
 }
 
-TEST_F(Adapters, TableScrollsBothWays) {
+TEST_F(Adapters, table_scrolls_both_ways) {
     auto& view = find<QTableView>("table");
     for (int row = 0; row < 100; ++row) {
         window().table.AddRow(Str(row));
@@ -184,7 +184,7 @@ TEST_F(Adapters, TableScrollsBothWays) {
     EXPECT_EQ(window().table.ScrollPosition(), 7);
 }
 
-TEST_F(Adapters, NamesLabelsAndLineEndsOfCaptions) {
+TEST_F(Adapters, names_labels_and_line_ends_of_captions) {
     EXPECT_EQ(find<QLineEdit>("field").accessibleName(), "Field");
     EXPECT_EQ(find<QTableView>("table").accessibleName(), "Table");
     EXPECT_EQ(find<QLabel>("caption").text(), "Lines\nof text");
@@ -192,7 +192,7 @@ TEST_F(Adapters, NamesLabelsAndLineEndsOfCaptions) {
     EXPECT_EQ(find<QLabel>("combo_label").text(), "Combo");
 }
 
-TEST_F(Adapters, TabFollowsTheOrderOfTheControls) {
+TEST_F(Adapters, tab_follows_the_order_of_the_controls) {
     find<QLineEdit>("field").setFocus();
     Log order;
     for (int step = 0; step < 6; ++step) {

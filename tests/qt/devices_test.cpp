@@ -62,7 +62,7 @@ std::string text_from(SerialLine& line, std::size_t count) {
     return text;
 }
 
-TEST(QtSerial, ForgetsStaleBytesAndReadsSplitOnes) {
+TEST(QtSerial, forgets_stale_bytes_and_reads_split_ones) {
     PseudoTerminal device;
     QtSerialPorts ports;
     device.send("stale");
@@ -78,7 +78,7 @@ TEST(QtSerial, ForgetsStaleBytesAndReadsSplitOnes) {
     EXPECT_TRUE(line->read(10).empty() && line->alive());
 }
 
-TEST(QtSerial, SendsWithoutAnEventLoop) {
+TEST(QtSerial, sends_without_an_event_loop) {
     PseudoTerminal device;
     QtSerialPorts ports;
     const auto line = ports.open(device.port, {});
@@ -88,7 +88,7 @@ TEST(QtSerial, SendsWithoutAnEventLoop) {
     EXPECT_EQ(device.take(100), 4U) << "control bytes must pass unchanged";
 }
 
-TEST(QtSerial, SurvivesAFullBuffer) {
+TEST(QtSerial, survives_a_full_buffer) {
     PseudoTerminal device;
     QtSerialPorts ports;
     const auto line = ports.open(device.port, {});
@@ -108,25 +108,24 @@ TEST(QtSerial, SurvivesAFullBuffer) {
     EXPECT_TRUE(line->alive());
 }
 
-TEST(QtSerial, AHangUpIsSeenAndCostsNothing) {
+TEST(QtSerial, a_hang_up_is_seen_and_costs_nothing) {
     PseudoTerminal device;
     QtSerialPorts ports;
     const auto line = ports.open(device.port, {});
     ASSERT_NE(line, nullptr);
     device.hang_up();
-    int turns = 0; // of the event loop; a flood of error signals turns it many thousand times
-    const auto count =
-        QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, [&turns] { ++turns; });
-    QTest::qWait(100);
-    QObject::disconnect(count);
-    EXPECT_LT(turns, 1'000);
+    int busy = 0; // rounds of the event loop that had something to do; with a flood of error signals nearly all have
+    for (int round = 0; round < 1'000; ++round) {
+        busy += QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents) ? 1 : 0;
+    }
+    EXPECT_LT(busy, 100);
     EXPECT_TRUE(!line->alive() && line->read(5).empty());
     line->write(std::vector<std::uint8_t>{1, 2});
     line->flush();
     EXPECT_EQ(ports.open(device.port, {}), nullptr);
 }
 
-TEST(QtSerial, OneLineAtATimeAndAgainAfterClosing) {
+TEST(QtSerial, one_line_at_a_time_and_again_after_closing) {
     PseudoTerminal device;
     QtSerialPorts ports;
     auto line = ports.open(device.port, {});
@@ -138,7 +137,7 @@ TEST(QtSerial, OneLineAtATimeAndAgainAfterClosing) {
     EXPECT_EQ(ports.open({"gone", "/dev/tessit-no-such-port"}, {}), nullptr);
 }
 
-TEST(QtClock, NoWaitEndsEarly) {
+TEST(QtClock, no_wait_ends_early) {
     QtClock clock;
     for (const Microseconds duration : {1, 150, 250, 1'000, 5'000, 10'000}) {
         const Microseconds start = clock.now();
@@ -147,7 +146,7 @@ TEST(QtClock, NoWaitEndsEarly) {
     }
 }
 
-TEST(QtClock, KeepsHouseDuringLongWaitsOnly) {
+TEST(QtClock, keeps_house_during_long_waits_only) {
     int calls = 0;
     QtClock clock([&] { ++calls; });
     wait(clock, 1'000);

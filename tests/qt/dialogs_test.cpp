@@ -21,7 +21,7 @@ protected:
     QPoint on_button;
 };
 
-TEST_F(Dialogs, EachButtonIsItsAnswer) {
+TEST_F(Dialogs, each_button_is_its_answer) {
     const MessageDialog question{.Message = "Save?",
                                  .ActionButton = {"Save", true},
                                  .CancelButton = {"Cancel", true},
@@ -54,7 +54,7 @@ TEST_F(Dialogs, EachButtonIsItsAnswer) {
     }
 }
 
-TEST_F(Dialogs, TextsAreShownAsTheyAre) {
+TEST_F(Dialogs, texts_are_shown_as_they_are) {
     when_shown<QMessageBox>([](QMessageBox& box) {
         EXPECT_EQ(box.text(), "<b>a</b>\nb");
         for (const QLabel* label : box.findChildren<QLabel*>()) {
@@ -73,7 +73,7 @@ struct Typed {
     const char* chosen;
 };
 
-TEST_F(Dialogs, SaveAddsTheExtensionAndRefusesWhatCannotBeCreated) {
+TEST_F(Dialogs, save_adds_the_extension_and_refuses_what_cannot_be_created) {
     write_file("there.zp2");
     write_file("read-only.zp2");
     QFile::setPermissions(folder.filePath("read-only.zp2"), QFile::ReadOwner);
@@ -113,7 +113,7 @@ TEST_F(Dialogs, SaveAddsTheExtensionAndRefusesWhatCannotBeCreated) {
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList({"read-only.zp2", "there.zp2"}));
 }
 
-TEST_F(Dialogs, SaveGoesIntoAFolderWhoseNameIsTyped) {
+TEST_F(Dialogs, save_goes_into_a_folder_whose_name_is_typed) {
     QDir(folder.path()).mkdir("inner");
     when_shown<QFileDialog>([this](QFileDialog& dialog) {
         auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
@@ -131,7 +131,7 @@ TEST_F(Dialogs, SaveGoesIntoAFolderWhoseNameIsTyped) {
     EXPECT_EQ(chosen->AbsolutePath(), folder.filePath("inner/a.zp2").toStdString());
 }
 
-TEST_F(Dialogs, WhatIsMadeOfASavedFileIsProposedBesideIt) {
+TEST_F(Dialogs, what_is_made_of_a_saved_file_is_proposed_beside_it) {
     QDir(folder.path()).mkdir("inner");
     write_file("inner/kept.zp2");
     const std::string saved = folder.filePath("inner/kept.zp2").toStdString();
@@ -146,7 +146,7 @@ TEST_F(Dialogs, WhatIsMadeOfASavedFileIsProposedBesideIt) {
     }
 }
 
-TEST_F(Dialogs, OpenGivesTheFileAndNothingWhenDismissed) {
+TEST_F(Dialogs, open_gives_the_file_and_nothing_when_dismissed) {
     write_file("Night 7.83.zp2");
     for (const char* typed : {"Night 7.83.zp2", "Night 7.83"}) {
         when_shown<QFileDialog>([typed](QFileDialog& dialog) {
@@ -162,7 +162,7 @@ TEST_F(Dialogs, OpenGivesTheFileAndNothingWhenDismissed) {
     EXPECT_FALSE(desktop.choose_open_file(request()).has_value());
 }
 
-TEST(FileNames, AreMadeHarmlessAndShortEnough) {
+TEST(FileNames, are_made_harmless_and_short_enough) {
     std::string long_name;
     for (int i = 0; i < 100; ++i) {
         long_name += "\xE2\x82\xAC"; // three bytes each
@@ -177,7 +177,7 @@ TEST(FileNames, AreMadeHarmlessAndShortEnough) {
     }
 }
 
-TEST_F(Dialogs, ShownWhileLeavingAFieldLeavesNoButtonDown) {
+TEST_F(Dialogs, shown_while_leaving_a_field_leaves_no_button_down) {
     window().lost_focus = [this] {
         when_shown<QMessageBox>([this](QMessageBox& box) {
             QTest::mouseRelease(widget->windowHandle(), Qt::LeftButton, Qt::NoModifier, on_button);

@@ -9,7 +9,7 @@ namespace {
 
 using FeedbackKeys = ProgramTest;
 
-TEST_F(FeedbackKeys, TabGoesFromGroupToGroupAndArrowsWithinOne) {
+TEST_F(FeedbackKeys, tab_goes_from_group_to_group_and_arrows_within_one) {
     app.choose_menu("ContactUsGiveusyourFeedback");
     const WindowWidget& form = widget(app.FeedbackWindow.get());
     const auto focus = [&] { return form.focusWidget()->objectName().toStdString(); };

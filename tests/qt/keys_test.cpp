@@ -19,7 +19,7 @@ protected:
     bool use_up = false;
 };
 
-TEST_F(Keys, EachKeyArrivesInItsForm) {
+TEST_F(Keys, each_key_arrives_in_its_form) {
     const std::tuple<Qt::Key, Qt::KeyboardModifiers, const char*, Log> cases[] = {
         {Qt::Key_Return, Qt::NoModifier, "\r", {"\r"}},
         {Qt::Key_Enter, Qt::KeypadModifier, "\r", {"\x03"}},
@@ -46,19 +46,19 @@ TEST_F(Keys, EachKeyArrivesInItsForm) {
     }
 }
 
-TEST_F(Keys, TabLeavesTheField) {
+TEST_F(Keys, tab_leaves_the_field) {
     QTest::keyClick(&edit, Qt::Key_Tab);
     EXPECT_EQ(seen, Log{""});
     EXPECT_FALSE(edit.hasFocus());
 }
 
-TEST_F(Keys, AKeyThatIsUsedUpDoesNotReachTheField) {
+TEST_F(Keys, a_key_that_is_used_up_does_not_reach_the_field) {
     use_up = true;
     QTest::keyClicks(&edit, "1");
     EXPECT_EQ(edit.text(), "");
 }
 
-TEST_F(Keys, TheLetterThatEmptiedTheFieldStaysBehindInIt) {
+TEST_F(Keys, the_letter_that_emptied_the_field_stays_behind_in_it) {
     window().field.SetText("7.83");
     window().key_down = [this](const std::string& key) {
         if (key == "l") {
@@ -70,7 +70,7 @@ TEST_F(Keys, TheLetterThatEmptiedTheFieldStaysBehindInIt) {
     EXPECT_EQ(joined(edit.text(), window().field.Text()), "l|l");
 }
 
-TEST_F(Keys, CommittedTextOfAnInputMethodIsOfferedToo) {
+TEST_F(Keys, committed_text_of_an_input_method_is_offered_too) {
     QInputMethodEvent commit;
     commit.setCommitString("lé");
     QCoreApplication::sendEvent(&edit, &commit);
@@ -78,7 +78,7 @@ TEST_F(Keys, CommittedTextOfAnInputMethodIsOfferedToo) {
     EXPECT_EQ(window().field.Text(), "lé");
 }
 
-TEST_F(Keys, AHandlerMayCloseItsOwnWindow) {
+TEST_F(Keys, a_handler_may_close_its_own_window) {
     QPointer<WindowWidget> shown(widget);
     window().key_down = [this](const std::string&) {
         app.window.Close();
@@ -89,7 +89,7 @@ TEST_F(Keys, AHandlerMayCloseItsOwnWindow) {
     EXPECT_TRUE(eventually([&] { return shown == nullptr; }));
 }
 
-TEST_F(Keys, AFaultInAHandlerIsReportedAndGoesNoFurther) {
+TEST_F(Keys, a_fault_in_a_handler_is_reported_and_goes_no_further) {
     window().key_down = [](const std::string&) -> bool {
         throw Fault(FaultKind::out_of_bounds, "Beyond <b>the</b> end.");
     };
@@ -105,7 +105,7 @@ TEST_F(Keys, AFaultInAHandlerIsReportedAndGoesNoFurther) {
     EXPECT_EQ(window().field.Text(), "x");
 }
 
-TEST_F(Keys, LeavingForAnotherFieldIsTold) {
+TEST_F(Keys, leaving_for_another_field_is_told) {
     int left = 0;
     window().lost_focus = [&] { ++left; };
     find<QPushButton>("button").setFocus(Qt::TabFocusReason);

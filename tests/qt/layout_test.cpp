@@ -11,7 +11,7 @@ namespace tessit::qt {
 
 namespace {
 
-TEST(ColumnWidths, EmptyPlacesShareWhatIsLeft) {
+TEST(ColumnWidths, empty_places_share_what_is_left) {
     const std::tuple<const char*, std::vector<int>, int, std::vector<int>> cases[] = {
         {"40, , ,50 , ", {10, 10, 10, 10}, 290, {40, 100, 100, 50}},
         {"40,,50", {10, 10, 10}, 100, {40, 10, 50}},
@@ -28,7 +28,7 @@ TEST(ColumnWidths, EmptyPlacesShareWhatIsLeft) {
     }
 }
 
-TEST(Places, GrowWhereThereIsRoom) {
+TEST(Places, grow_where_there_is_room) {
     const QRect place(100, 100, 50, 20);
     const std::tuple<const char*, Placed, std::vector<QRect>, QRect> cases[] = {
         {"enough", {place, {40, 20}, 0}, {}, place},
@@ -50,7 +50,7 @@ TEST(Places, GrowWhereThereIsRoom) {
     }
 }
 
-TEST(Look, TextContrastsWithEveryBackground) {
+TEST(Look, text_contrasts_with_every_background) {
     EXPECT_TRUE(readable_on(QColor(0xFF0000)) == Qt::black && readable_on(QColor(0xC0C0C0)) == Qt::black);
     EXPECT_EQ(readable_on(QColor(0x000080)), QColor(Qt::white));
 }
@@ -128,7 +128,7 @@ void expect_no_overlap(const WindowWidget& window) {
 
 using EveryWindow = ProgramTest;
 
-TEST_F(EveryWindow, ShowsItsTextsWholeAndApart) {
+TEST_F(EveryWindow, shows_its_texts_whole_and_apart) {
     app.from_user("windows", [this] {
         app.serialselected = true; // keeps the load window from closing itself
 #define SHOW(window) app.window->Show();

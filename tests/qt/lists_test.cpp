@@ -52,7 +52,7 @@ protected:
     }
 };
 
-TEST_F(Lists, CellsArePaintedInTheirColours) {
+TEST_F(Lists, cells_are_painted_in_their_colours) {
     QTableView& table = compose("300, 110, 100");
     const QColor orange(0xFF, 0x66, 0x00);
     EXPECT_TRUE(shows(table, 1, 0, orange) && !shows(table, 0, 0, orange));
@@ -65,7 +65,7 @@ TEST_F(Lists, CellsArePaintedInTheirColours) {
     EXPECT_EQ(background(table, 2, 1), QColor(Qt::white));
 }
 
-TEST_F(Lists, CellsAreClickedWithoutAMouseToo) {
+TEST_F(Lists, cells_are_clicked_without_a_mouse_too) {
     QTableView& table = compose("300, 200");
     table.setFocus();
     QTest::keyClick(&table, Qt::Key_Down);
@@ -77,7 +77,7 @@ TEST_F(Lists, CellsAreClickedWithoutAMouseToo) {
     EXPECT_EQ(app.cellcol, prime_column::center);
 }
 
-TEST_F(Lists, TheEditorComesUpBehindTheComposer) {
+TEST_F(Lists, the_editor_comes_up_behind_the_composer) {
     compose("300, 200");
     app.composewindow->freq_listBox.click_cell(0, 0);
     app.composewindow->enterbutton.click();
@@ -86,7 +86,7 @@ TEST_F(Lists, TheEditorComesUpBehindTheComposer) {
     EXPECT_TRUE(app.in_front(app.composewindow.get()));
 }
 
-TEST_F(Lists, CutAndPasteFollowTheSelectionInTheField) {
+TEST_F(Lists, cut_and_paste_follow_the_selection_in_the_field) {
     list().setFocus();
     QTest::keyClicks(&list(), "1, 2, 3");
     QTest::keyClick(&list(), Qt::Key_Home);
@@ -101,7 +101,7 @@ TEST_F(Lists, CutAndPasteFollowTheSelectionInTheField) {
     EXPECT_EQ(list().toPlainText(), "10, 20,");
 }
 
-TEST_F(Lists, ALongListIsShownWholeAndStaysEditable) {
+TEST_F(Lists, a_long_list_is_shown_whole_and_stays_editable) {
     QString numbers;
     for (int i = 0; i < 5000; ++i) {
         numbers += QString::number(i) + QLatin1Char('\n');

@@ -65,7 +65,7 @@ private:
     QProcess process_;
 };
 
-TEST_F(StoringServer, GetsEnvelopeHeadersAndBody) {
+TEST_F(StoringServer, gets_envelope_headers_and_body) {
     app.choose_menu("ContactUsOnlineSupport");
     ContactUsForm& form = app.ContactUsWindow.get();
     form.ContactemailField.type("Jane <jane@home.example>");

@@ -95,7 +95,7 @@ std::vector<Word> line_at(const std::vector<Word>& words, double baseline) {
     return line;
 }
 
-TEST_F(Printing, AFullBankStandsWhereItIsTold) {
+TEST_F(Printing, a_full_bank_stands_where_it_is_told) {
     for (int level = 1; level <= most_levels; ++level) {
         add_level(std::to_string(100 + level) + ".25");
     }
@@ -124,7 +124,7 @@ TEST_F(Printing, AFullBankStandsWhereItIsTold) {
     EXPECT_NEAR(foot.bottom - foot.top, 12 * 1.117, 0.5) << "12 points high";
 }
 
-TEST_F(Printing, StylesOfTheWindowAreThoseOfThePage) {
+TEST_F(Printing, styles_of_the_window_are_those_of_the_page) {
     editor().namefield.SetText("Plain Thick");
     app.choose_menu("FilePrint");
     auto& field = find<QTextEdit>(setup(), "headingfield");
@@ -154,7 +154,7 @@ TEST_F(Printing, StylesOfTheWindowAreThoseOfThePage) {
     EXPECT_NEAR(thick.top, 36, 1.5);
 }
 
-TEST_F(Printing, AFullDiskIsToldAndTheOldFileStays) {
+TEST_F(Printing, a_full_disk_is_told_and_the_old_file_stays) {
     add_level("7.83");
     print_to(file());
     const std::string before = testing::file_bytes(file().toStdString());
@@ -174,7 +174,7 @@ TEST_F(Printing, AFullDiskIsToldAndTheOldFileStays) {
     desktop.faults.clear();
 }
 
-TEST_F(Printing, ADismissedDialogLeavesNothingBehind) {
+TEST_F(Printing, a_dismissed_dialog_leaves_nothing_behind) {
     app.choose_menu("FilePrint");
     when_shown<QPrintDialog>([this](QPrintDialog& dialog) {
         EXPECT_EQ(dialog.findChild<QLineEdit*>("filename")->text(), QDir::homePath() + "/Zephon Report.pdf");
@@ -185,7 +185,7 @@ TEST_F(Printing, ADismissedDialogLeavesNothingBehind) {
     EXPECT_EQ(printed(), QStringList());
 }
 
-TEST_F(Printing, TheSystemsPrinterGetsThePageOrTheFaultIsTold) {
+TEST_F(Printing, the_systems_printer_gets_the_page_or_the_fault_is_told) {
     QPrinter printer;
     printer.setResolution(72);
     printer.setFullPage(true);
@@ -198,7 +198,7 @@ TEST_F(Printing, TheSystemsPrinterGetsThePageOrTheFaultIsTold) {
     EXPECT_NEAR(word_in(words_of(file()), "Here").left, 200, 0.1);
 }
 
-TEST_F(Printing, AFolderTakenAwayBehindTheDialogIsTold) {
+TEST_F(Printing, a_folder_taken_away_behind_the_dialog_is_told) {
     QDir(desktop.folder.path()).mkdir("stick");
     when_shown<QPrintDialog>([this](QPrintDialog& dialog) { accept(dialog, file("stick/report.pdf")); });
     const auto graphics = desktop.choose_printer();
@@ -206,7 +206,7 @@ TEST_F(Printing, AFolderTakenAwayBehindTheDialogIsTold) {
     EXPECT_EQ(testing::fault_of([&] { graphics->print({}); })->kind(), FaultKind::write_failed);
 }
 
-TEST_F(Printing, ABlockEndsWithAWholeLine) {
+TEST_F(Printing, a_block_ends_with_a_whole_line) {
     std::string list = "1";
     for (int line = 2; line <= 100; ++line) {
         list += "\r" + std::to_string(line);

@@ -29,7 +29,7 @@ protected:
     QTextEdit* edit = nullptr;
 };
 
-TEST_F(StyledField, AnswersAreTypedBehindTheirPrompts) {
+TEST_F(StyledField, answers_are_typed_behind_their_prompts) {
     app.from_user("test", [this] { app.qcsetupwindow->Show(); });
     const auto& window = widget(app.qcsetupwindow.get());
     for (const char* name : {"serialfield", "qcfield"}) {
@@ -44,7 +44,7 @@ TEST_F(StyledField, AnswersAreTypedBehindTheirPrompts) {
 
 constexpr TextStyle bold_style{.bold = true};
 
-TEST_F(StyledField, TypesInTheStyleChosenAndUndoesIt) {
+TEST_F(StyledField, types_in_the_style_chosen_and_undoes_it) {
     QTest::mouseClick(&bold(), Qt::LeftButton);
     EXPECT_TRUE(edit->hasFocus()) << "a click on a style button leaves the field its focus";
     QTest::keyClicks(edit, "cd");
@@ -62,7 +62,7 @@ TEST_F(StyledField, TypesInTheStyleChosenAndUndoesIt) {
     EXPECT_EQ(runs(), (std::vector<StyledRun>{{"x", {}}}));
 }
 
-TEST_F(StyledField, TakesPastedTextInItsOwnStyle) {
+TEST_F(StyledField, takes_pasted_text_in_its_own_style) {
     auto* rich = new QMimeData;
     rich->setHtml("<b>bold</b> <font size=7>large</font>");
     rich->setText("bold large");
@@ -73,7 +73,7 @@ TEST_F(StyledField, TakesPastedTextInItsOwnStyle) {
     EXPECT_EQ(model().Text(), "abbold large\r");
 }
 
-TEST_F(StyledField, KeysPressTheButtonsThatTheyBelongTo) {
+TEST_F(StyledField, keys_press_the_buttons_that_they_belong_to) {
     bool asked = false;
     when_shown<QPrintDialog>([&](QPrintDialog& dialog) {
         asked = true;

@@ -70,7 +70,7 @@ protected:
     void type(const char* text) { QTest::keyClicks(focus(), QLatin1String(text)); }
 };
 
-TEST_F(Viewer, FollowsLinksInsideAndGoesBack) {
+TEST_F(Viewer, follows_links_inside_and_goes_back) {
     EXPECT_TRUE(html().hasFocus());
     QScrollBar& bar = *html().verticalScrollBar();
     EXPECT_EQ(bar.value(), 0);
@@ -88,7 +88,7 @@ TEST_F(Viewer, FollowsLinksInsideAndGoesBack) {
     EXPECT_TRUE(html().isVisible());
 }
 
-TEST_F(Viewer, OpensNothingOutside) {
+TEST_F(Viewer, opens_nothing_outside) {
     const std::string sibling = "../" + QDir(desktop.folder.path()).dirName().toStdString() + "-more/secret.html";
     const char* const links[] = {"https://www.example/x", "mailto:a@b.example", "../secret.html", "file:///etc/passwd",
                                  sibling.c_str()};
@@ -103,7 +103,7 @@ TEST_F(Viewer, OpensNothingOutside) {
     EXPECT_FALSE(find<QLabel>("HTMLV_notice").isVisible());
 }
 
-TEST_F(Viewer, FindsInHtmlAroundTheEnd) {
+TEST_F(Viewer, finds_in_html_around_the_end) {
     press(Qt::Key_F, Qt::ControlModifier);
     EXPECT_TRUE(find<QLineEdit>("find_text").hasFocus());
     type("generator");
@@ -122,7 +122,7 @@ TEST_F(Viewer, FindsInHtmlAroundTheEnd) {
     EXPECT_TRUE(html().hasFocus() && !find<QLineEdit>("find_text").isVisible());
 }
 
-TEST_F(Viewer, FindsInPdfAroundTheEnd) {
+TEST_F(Viewer, finds_in_pdf_around_the_end) {
     open("HelpDisplayManual");
     QScrollBar& bar = *pdf().verticalScrollBar();
     EXPECT_EQ(find<QLabel>("page_number").text(), "Page 1 of 3");
@@ -164,7 +164,7 @@ QRect marked_in(const QImage& image) {
     return marked;
 }
 
-TEST_F(Viewer, MarksWhereTheTextIsAtEveryZoomUntilFindingEnds) {
+TEST_F(Viewer, marks_where_the_text_is_at_every_zoom_until_finding_ends) {
     open("HelpDisplayManual");
     press(Qt::Key_F, Qt::ControlModifier);
     type("third");
@@ -187,7 +187,7 @@ TEST_F(Viewer, MarksWhereTheTextIsAtEveryZoomUntilFindingEnds) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return marked_in(pdf().viewport()->grab().toImage()).isEmpty(); }));
 }
 
-TEST_F(Viewer, ListsThePdfsHeadingsAndGoesToThem) {
+TEST_F(Viewer, lists_the_pdfs_headings_and_goes_to_them) {
     auto& contents = find<QToolButton>("contents");
     EXPECT_FALSE(contents.isVisible()); // of the help, which has its own links
     open("HelpDisplayManual");
@@ -210,7 +210,7 @@ TEST_F(Viewer, ListsThePdfsHeadingsAndGoesToThem) {
     EXPECT_FALSE(contents.isVisible());
 }
 
-TEST_F(Viewer, ScrollsZoomsAndCopiesByKeys) {
+TEST_F(Viewer, scrolls_zooms_and_copies_by_keys) {
     HTMLViewer& model = app.helpWindow->HTMLV;
     const double size = html().fontMetrics().height();
     press(Qt::Key_Plus, Qt::ControlModifier);
@@ -247,7 +247,7 @@ TEST_F(Viewer, ScrollsZoomsAndCopiesByKeys) {
     model.on_edit(EditCommand::cut);
 }
 
-TEST_F(Viewer, TellsWhereItLookedForAMissingDocument) {
+TEST_F(Viewer, tells_where_it_looked_for_a_missing_document) {
     for (const char* name : {"HELP.html", "manual.pdf"}) {
         ASSERT_TRUE(QFile::remove(desktop.folder.filePath(name)));
         open(QLatin1String(name).endsWith(QLatin1String("pdf")) ? "HelpDisplayManual" : "HelpOpenHelpFile");

@@ -24,7 +24,7 @@ protected:
     }
 };
 
-TEST_F(Windows, MenuAsksAnewEachTimeItOpens) {
+TEST_F(Windows, menu_asks_anew_each_time_it_opens) {
     const auto open = [&] { Q_EMIT file_menu().aboutToShow(); };
     open();
     EXPECT_TRUE(entry("FileOpen").isEnabled() && !entry("FileSave").isEnabled());
@@ -38,7 +38,7 @@ TEST_F(Windows, MenuAsksAnewEachTimeItOpens) {
     EXPECT_EQ(app.log, Log{"FileSave"});
 }
 
-TEST_F(Windows, MenuOpensByItsLetter) {
+TEST_F(Windows, menu_opens_by_its_letter) {
     EXPECT_EQ(file_menu().title(), "&File");
     QTest::keyClick(widget, Qt::Key_F, Qt::AltModifier);
     EXPECT_TRUE(eventually([&] { return file_menu().isVisible(); }));
@@ -46,7 +46,7 @@ TEST_F(Windows, MenuOpensByItsLetter) {
     EXPECT_EQ(app.log, Log{"FileOpen"});
 }
 
-TEST(Mnemonics, AreUniqueAndLeaveTheCaptionAsItIs) {
+TEST(Mnemonics, are_unique_and_leave_the_caption_as_it_is) {
     const std::vector<std::string> captions{"Create New File", "Open",        "Save",        "Export",
                                             "Page Setup",      "Print",       "Quit Editor", "",
                                             "Exit Program",    "Save & Send", "Cc",          "C"};
@@ -64,7 +64,7 @@ TEST(Mnemonics, AreUniqueAndLeaveTheCaptionAsItIs) {
     EXPECT_EQ(letters.size(), 9U);
 }
 
-TEST_F(Windows, ClosingIsTheProgramsDecision) {
+TEST_F(Windows, closing_is_the_programs_decision) {
     QPointer<WindowWidget> shown(widget);
     app.keeps_open = true;
     widget->close();
@@ -76,7 +76,7 @@ TEST_F(Windows, ClosingIsTheProgramsDecision) {
     EXPECT_EQ(app.log, (Log{"cancel close", "cancel close"}));
 }
 
-TEST_F(Windows, OpensAgainAsItWasAndWhereThereIsAScreen) {
+TEST_F(Windows, opens_again_as_it_was_and_where_there_is_a_screen) {
     const QRect screen = widget->screen()->availableGeometry();
     const QRect place(70, 90, 420, 390);
     const auto reopen = [&] {
@@ -97,13 +97,13 @@ TEST_F(Windows, OpensAgainAsItWasAndWhereThereIsAScreen) {
     EXPECT_TRUE(screen.contains(widget->geometry()));
 }
 
-TEST_F(Windows, WhileAHandlerRunsClosingIsRefused) {
+TEST_F(Windows, while_a_handler_runs_closing_is_refused) {
     window().on_button = [this] { widget->close(); };
     QTest::mouseClick(&find<QPushButton>("button"), Qt::LeftButton);
     EXPECT_TRUE(app.window.exists() && app.log.empty());
 }
 
-TEST_F(Windows, FilesDroppedOnAWindowAreOpenedWhereItsMenuWould) {
+TEST_F(Windows, files_dropped_on_a_window_are_opened_where_its_menu_would) {
     auto& field = find<QLineEdit>("field");
     const auto drag = [&](QEvent::Type type, const char* url) {
         QMimeData data;
@@ -129,7 +129,7 @@ TEST_F(Windows, FilesDroppedOnAWindowAreOpenedWhereItsMenuWould) {
     EXPECT_EQ(field.text(), "");
 }
 
-TEST_F(Windows, OrderFollowsTheWindowSystemOnceTheHandlerHasEnded) {
+TEST_F(Windows, order_follows_the_window_system_once_the_handler_has_ended) {
     app.second->Show();
     WindowWidget* second = desktop.widget_of(app.second.get());
     ASSERT_TRUE(QTest::qWaitForWindowActive(second));
@@ -144,7 +144,7 @@ TEST_F(Windows, OrderFollowsTheWindowSystemOnceTheHandlerHasEnded) {
     EXPECT_NE(second->pos(), widget->pos());
 }
 
-TEST_F(Windows, FocusGivenBeforeTheFirstShowIsThereAfterwards) {
+TEST_F(Windows, focus_given_before_the_first_show_is_there_afterwards) {
     app.second->button.SetFocus();
     app.second->Show();
     WindowWidget* second = desktop.widget_of(app.second.get());
@@ -155,14 +155,14 @@ TEST_F(Windows, FocusGivenBeforeTheFirstShowIsThereAfterwards) {
     EXPECT_EQ(QApplication::focusWidget(), second->findChild<QLineEdit*>("field"));
 }
 
-TEST_F(Windows, ContentPlaceIsTold) {
+TEST_F(Windows, content_place_is_told) {
     widget->move(120, 90);
     const QPoint corner = widget->centralWidget()->mapToGlobal(QPoint(0, 0));
     EXPECT_TRUE(eventually([&] { return window().Left() == corner.x() && window().Top() == corner.y(); }));
     EXPECT_GE(window().Top(), 90 + find<QTableView>("table").fontMetrics().height()) << "below the menu bar";
 }
 
-TEST_F(Windows, TableGrowsWithTheWindowAndASmallWindowScrolls) {
+TEST_F(Windows, table_grows_with_the_window_and_a_small_window_scrolls) {
     auto& table = find<QTableView>("table");
     const QSize designed = table.size();
     const QSize start = widget->size();
@@ -177,7 +177,7 @@ TEST_F(Windows, TableGrowsWithTheWindowAndASmallWindowScrolls) {
     EXPECT_TRUE(eventually([&] { return area->verticalScrollBar()->maximum() == 0; }));
 }
 
-TEST_F(Windows, NoticeIsPaintedWhileTheHandlerBlocks) {
+TEST_F(Windows, notice_is_painted_while_the_handler_blocks) {
     app.from_user("transfer", [&] {
         app.notice->bar.SetValue(90);
         app.notice->Show();
@@ -189,7 +189,7 @@ TEST_F(Windows, NoticeIsPaintedWhileTheHandlerBlocks) {
     });
 }
 
-TEST_F(Windows, LongWaitRepaintsAndLetsNoInputIn) {
+TEST_F(Windows, long_wait_repaints_and_lets_no_input_in) {
     struct Painted : QObject {
         int count = 0;
         bool eventFilter(QObject*, QEvent* event) override {

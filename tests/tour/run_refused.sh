@@ -43,6 +43,9 @@ expect "0 levels; a protocol has 1 to 50"
 echo none >"$target/list.csv"
 take_tour --list "$target/list.csv" < <(printf '%s\n%s\n' "$header" "$good")
 expect "list.csv: there is no frequency in it"
+printf '7.83\n999999, 1000000.5\n' >"$target/list.csv"
+take_tour --list "$target/list.csv" < <(printf '%s\n%s\n' "$header" "$good")
+expect 'list.csv:2: the frequency "1000000.5" is above 999999'
 [[ ! -e $target/tour.log ]] || { echo "A tour was started" && exit 1; }
 
 take_tour < <(printf '%s\n%s\n%s\n' "$header" "$good" "${good/7.83/abc}")

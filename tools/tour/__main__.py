@@ -26,7 +26,7 @@ tabs: 1 to 50 levels, times in MM:SS form, every value as the entry field takes 
 empties its field, an empty duty chooses the list's empty entry, and any other empty value leaves its list as it is.
 The width of a Single Frequency is not looked at: its list is disabled.
 
-The list file holds frequencies with decimal points, set apart by commas, tabs or line ends.
+The list file holds frequencies with decimal points up to 999999, set apart by commas, tabs or line ends.
 """
 
 

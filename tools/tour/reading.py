@@ -6,10 +6,12 @@ import shutil
 from . import TourError
 from .places import BANK, EDITOR, MAIN, READER
 from .printing import Printing
+from .transfers import carry_out, given_up, take_failure
 
 INSERTED = "15.5"  # the base frequency of the level that goes between the first two
 PREFERRED_WIDTH = "4"
 FULL = 51  # rows of a full table, the empty row 0 among them
+UNSAVED = "Data just read from the Zephon has not been saved to file"
 READING_PATIENCE = 60.0  # seconds; a reading takes about two
 
 
@@ -36,26 +38,56 @@ class Reading:
         window = self.desktop.window(READER)
         self.tour.connected(window)
         self.tour.picture("read window", window)
-        self.tour.emulator.ask(f"5 2 {BANK} #")
-        self.desktop.click(self.desktop.control(window, "push button", "Read"), "the bank to be read", self.bank_is_read,
-                           patience=READING_PATIENCE)
+        carry_out(self.tour, f"Reading bank {BANK}", self.read, self.read_again)
         window = self.desktop.window(READER)
         table = self.desktop.control(window, "table", "Bank")
         self.tour.picture("bank read", window)
         self.tour.leave_table("readback.tsv", table)
         self.diary.tell(f"Read bank {BANK} back; readback.tsv holds the table as shown")
 
-    def bank_is_read(self):
-        """Whether the reading window shows fifty levels of the bank."""
+    def read(self):
+        """One reading; empty when the bank is there, else what is there instead."""
+        self.tour.emulator.ask(f"5 2 {BANK} #")
+        self.desktop.click(self.read_button(), "the bank to be read", self.reading_is_over, patience=READING_PATIENCE,
+                           dialogs_welcome=True)
+        return self.reading_failure()
+
+    def read_again(self):
+        """One more: what the failed one left counts as read and not saved, so the program asks."""
+        self.tour.emulator.ask(f"5 2 {BANK} #")
+        self.desktop.click(self.read_button(), "the question about what was read",
+                           lambda: self.desktop.find_message(UNSAVED), dialogs_welcome=True)
+        self.desktop.dismiss(self.desktop.message(UNSAVED), "Don't Save")
+        self.desktop.wait("the bank to be read", self.reading_is_over, patience=READING_PATIENCE, dialogs_welcome=True)
+        return self.reading_failure()
+
+    def read_button(self):
+        """The button that begins a reading."""
+        return self.desktop.control(self.desktop.window(READER), "push button", "Read")
+
+    def reading_is_over(self):
+        """Whether the program gave the reading up or shows fifty levels."""
+        return given_up(self.desktop) or self.name_read()
+
+    def reading_failure(self):
+        """The words of a reading that was given up, or the wrong name where bytes were lost; empty when all is well."""
+        failed = given_up(self.desktop)
+        if failed:
+            return take_failure(self.desktop, failed)
+        name = self.name_read()
+        return "" if name == f"Bank_{BANK}" else f"what was read is called {name}"
+
+    def name_read(self):
+        """The bank's name in the reading window once its table is full; it is set before the levels."""
         window = self.desktop.find_window(READER)
         table = window.find("table", "Bank") if window else None
         name = window.find("text", "Bank") if window else None
-        return table and table.row_count() == FULL and name and name.text == f"Bank_{BANK}"
+        return name.text if name and table and table.row_count() == FULL else ""
 
     def take_over(self):
         """Edit > Edit Protocol: the reading window asks about its unsaved data and goes, the editor has the levels."""
         self.desktop.command(self.desktop.window(READER), "Edit", "Edit Protocol")
-        message = self.desktop.message("Data just read from the Zephon has not been saved to file")
+        message = self.desktop.message(UNSAVED)
         self.tour.picture("unsaved reading", message)
         self.desktop.dismiss(message, "Don't Save")
         window, table = self.editor()

@@ -3,6 +3,7 @@
 
 import re
 import shutil
+import time
 
 from . import TourError, display, xwindows
 from .documents import Documents
@@ -11,6 +12,7 @@ from .places import BANK, EDITOR, MAIN, PORT
 from .printing import Printing
 from .reading import Reading
 from .support import Support
+from .transfers import carry_out, given_up, take_failure
 
 NAME = "Tour"
 LISTS = {"wave": "Wave Type", "width": "Width", "pulse": "Pulsing", "duty": "Duty Cycle", "shape": "Wave Shape",
@@ -18,6 +20,7 @@ LISTS = {"wave": "Wave Type", "width": "Width", "pulse": "Pulsing", "duty": "Dut
 FIELDS = {"time": "Time", "rate": "Pulse Rate", "base": "Base Frequency"}
 FILE_BANK = 9  # takes the file
 LOADING_PATIENCE = 120.0  # seconds; a load takes about six
+NOTICE_PATIENCE = 3.0  # seconds for its notice to be up
 
 
 class Tour:
@@ -207,10 +210,19 @@ class Tour:
         self.diary.tell(f"Bank {FILE_BANK} holds the file's levels byte for byte")
 
     def load_into(self, bank, window, button):
-        """Loads a bank from a load window; the emulator is keyed to receive when the program asks for it."""
+        """Loads a bank from a load window."""
         self.desktop.choose(self.desktop.control(window, "combo box", "Bank, tens digit"), str(bank // 10))
         self.desktop.choose(self.desktop.control(window, "combo box", "Bank, units digit"), str(bank % 10))
         self.picture("bank chosen", window)
+
+        def load_once():
+            return self.load_once(window, button)
+        carry_out(self, f"Loading bank {bank:02}", load_once, load_once)
+        self.picture("load completed", window)
+        self.diary.tell(f'Loaded bank {bank:02}; the window says "{loaded(window)}"')
+
+    def load_once(self, window, button):
+        """Makes one load, for which the emulator is keyed when the program asks for it; empty, or what went wrong."""
         self.desktop.click(self.desktop.control(window, "push button", button), "the message before loading",
                            lambda: self.desktop.find_message("Ready to load: "))
         message = self.desktop.message("Ready to load: ")
@@ -218,16 +230,25 @@ class Tour:
         self.emulator.ask("5 3")
         self.desktop.dismiss(message)
         self.watch_progress()
-        told = self.desktop.wait("the load to be completed", lambda: loaded(window), patience=LOADING_PATIENCE)
-        self.picture("load completed", window)
-        self.diary.tell(f'Loaded bank {bank:02}; the window says "{told}"')
+        self.desktop.wait("the load to end", lambda: given_up(self.desktop) or loaded(window),
+                          patience=LOADING_PATIENCE, dialogs_welcome=True)
+        failed = given_up(self.desktop)
+        return take_failure(self.desktop, failed) if failed else ""
 
     def watch_progress(self):
-        """The progress notice is up while the program is busy; only the X server can be asked then."""
-        place = self.desktop.wait("the progress notice", lambda: xwindows.place_of("Please wait"),
-                                  dialogs_welcome=True)
-        display.screenshot(self.diary.next_picture("loading"), display.framed(place))
-        self.diary.tell("The progress notice shows while the bank is loaded")
+        """The progress notice is up while the program is busy; only the X server can be asked then.
+
+        A load that fails at once may take it away before it was seen.
+        """
+        patient_until = time.monotonic() + NOTICE_PATIENCE
+
+        def notice_or_failure():
+            return xwindows.place_of("Please wait") or (time.monotonic() > patient_until and given_up(self.desktop))
+        self.desktop.wait("the progress notice", notice_or_failure, dialogs_welcome=True)
+        place = xwindows.place_of("Please wait")
+        if place:
+            display.screenshot(self.diary.next_picture("loading"), display.framed(place))
+            self.diary.tell("The progress notice shows while the bank is loaded")
 
     def read_bank(self, bank, name):
         """What the emulator holds of a bank goes to a file; it has nothing to complain of."""
