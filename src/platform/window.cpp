@@ -18,7 +18,7 @@ void Window::Show() {
 }
 
 DialogAnswer Window::ask(const MessageDialog& question) {
-    if (!visible_ || !application_.in_front(*this)) {
+    if (!application_.in_front(*this)) { // nor is a hidden one
         visible_ = true;
         application_.bring_to_front(*this);
     }

@@ -34,7 +34,7 @@ TEST_F(ComposerTest, takes_the_list_over_from_high_to_low) {
     compose("100, 110, 117.9, 120, 300");
     EXPECT_EQ(primes(), "300.|| 120.|| 117.9|| 110.|5|115. 100.||");
     EXPECT_EQ(joined(composer().namefield, composer().timefield, composer().dutybox), "night|3:00|70");
-    EXPECT_FALSE(consolidator().Visible());
+    EXPECT_FALSE(consolidator().Visible() || composer().widthbox.Enabled());
     EXPECT_EQ(app.myactivewindow, document::composer);
     EXPECT_EQ(background(4, 2), Color{0xFFFFFF});
     EXPECT_EQ(app.textshade[0], Color{0x000000});
@@ -110,6 +110,7 @@ TEST_F(ComposerTest, seconds_show_the_latest_row_alone) {
     load_back(2);
     composer().timefield.edit("47");
     composer().enterbutton.click();
+    EXPECT_EQ(app.default_sf_time_s, "47");
     EXPECT_EQ(composer().totalfreqfield.Text(), "50"); // begins with the row's own 47
     EXPECT_EQ(total_time(), "00:00:00");
 }

@@ -100,9 +100,11 @@ TEST_F(LevelEntryTest, changing_a_row_in_seconds_adds_its_seconds_to_the_frequen
     window().wave_box.choose(1);
     window().WidthMenu.choose(2);
     window().time_field.edit("10");
+    window().rate_field.edit("7");
     program.enter("20"); // 5 frequencies, 50 seconds
     window().wave_box.choose(3);
     window().WidthMenu.choose(3);
+    window().rate_field.edit("8");
     program.enter("30"); // 4 frequencies
     EXPECT_EQ(joined(window().BankFreqField, window().BankTimeField), "9|90");
 
@@ -111,7 +113,8 @@ TEST_F(LevelEntryTest, changing_a_row_in_seconds_adds_its_seconds_to_the_frequen
     EXPECT_EQ(window().BankFreqField.Text(), "59"); // 50 too many, until the next level
     EXPECT_EQ(program.levels(), 2);
     EXPECT_FALSE(window().submitchange.Visible() || app.changelevel);
-    EXPECT_EQ(window().wave_box.Text(), "Sweep Increasing"); // the fields show the last row again
+    EXPECT_EQ(joined(window().wave_box, window().rate_field),
+              "Sweep Increasing|8"); // the fields show the last row again
     program.enter("40");
     EXPECT_EQ(window().BankFreqField.Text(), "13");
 }
