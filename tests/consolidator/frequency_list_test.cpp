@@ -123,4 +123,15 @@ TEST(FrequencyList, notations_are_no_mirrors) {
     EXPECT_EQ(in_comma_notation("1,5: 2,5"), "1:5: 2:5");
 }
 
+TEST(FrequencyList, what_is_no_number_keeps_its_place_in_a_sort) {
+    std::vector<double> list{4, 3, std::nan(""), 2, 9, 1, 0};
+    std::vector<double> by_loops = list;
+    sort_by_loops(by_loops, SortOrder::increasing);
+    Array<double> numbers(list);
+    sort_frequencies(numbers, SortOrder::increasing);
+    ASSERT_TRUE(std::isnan(numbers[2]));
+    numbers[2] = by_loops[2] = -1;
+    EXPECT_EQ(values(numbers), by_loops);
+}
+
 } // namespace tessit

@@ -61,5 +61,27 @@ TEST(DecodeLevel, frequencies_are_cut_to_eight_bits_before_the_one_is_added) {
     }
 }
 
+TEST(DecodeLevel, seconds_form_counts_the_minutes_once) {
+    LevelBytes record = with(record_offset::wpwidth, 2, with(record_offset::db6, 6)); // three frequencies
+    record[record_offset::timemin] = 1;
+    record[record_offset::timesec] = 5;
+    const auto seconds = decode_level(record, {.time_form = TimeForm::seconds});
+    EXPECT_EQ(text(seconds, column::time_each), "65");
+    EXPECT_EQ(text(seconds, column::total_time), "75");
+    EXPECT_EQ(text(decode_level(record, {}), column::total_time), "00:03:15");
+}
+
+TEST(BankTotals, whole_hours_of_a_level_do_not_reach_the_sum) {
+    const auto record = with(record_offset::wpwidth, 255, with(record_offset::db6, 6));
+    const auto level = decode_level(record, {});
+    EXPECT_EQ(text(level, column::total_time), "12:48:00");
+    BankTotals totals;
+    totals.add(level);
+    EXPECT_EQ(totals.time, (ClockTime{0, 48, 0}));
+    totals.add(level);
+    EXPECT_EQ(totals.time, (ClockTime{1, 36, 0}));
+    EXPECT_EQ(totals.frequencies, 512);
+}
+
 } // namespace
 } // namespace tessit
