@@ -4,6 +4,7 @@
 import os
 import re
 import subprocess
+import time
 from pathlib import Path
 
 from . import TourError, children
@@ -24,6 +25,7 @@ def start_display(folder):
         subprocess.run(["setxkbmap", LAYOUTS], stdout=log, stderr=log, stdin=subprocess.DEVNULL, check=True, timeout=60)
         start_bus(log)
         children.start(["openbox"], stdout=log, stderr=log)
+    wait_for_window_manager()
 
 
 def use_homes(folder):
@@ -66,6 +68,16 @@ def start_bus(log):
     children.start(["dbus-daemon", "--session", "--nofork", f"--print-address={writing}"], pass_fds=[writing],
                    stdout=log, stderr=log)
     os.environ["DBUS_SESSION_BUS_ADDRESS"] = first_line(reading, writing, "The session bus")
+
+
+def wait_for_window_manager(patience=30.0):
+    """Waits until windows are managed: one that comes up at the same moment may stay unseen."""
+    deadline = time.monotonic() + patience
+    while b"window id" not in subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], capture_output=True,
+                                             check=False).stdout:
+        if time.monotonic() > deadline:
+            raise TourError("The window manager did not start")
+        time.sleep(0.05)
 
 
 def first_line(reading, writing, who):
