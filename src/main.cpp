@@ -18,7 +18,10 @@ int run(int argc, char* argv[], const std::optional<std::filesystem::path>& file
                               .MinorVersion = TESSIT_MINOR,
                               .BugVersion = TESSIT_BUG});
     app.start();
-    if (file) {
+    const bool restored = app.offer_recovery();
+    if (file && restored) {
+        app.MsgBox(file->filename().string() + " was not opened, because restored work is open.");
+    } else if (file) {
         app.open_file(tessit::FolderItem(*file));
     }
     return desktop.run();

@@ -19,6 +19,19 @@ const EnableRules rules{
 
 constexpr Color unused_cell{0xFFFFFF};
 
+void archive_colors(Archive& archive, Array<Color>& colors) {
+    std::int32_t count = colors.count();
+    archive.number("colours", count);
+    for (int i = 0; i < count; ++i) {
+        if (i == colors.count()) {
+            colors.append({});
+        }
+        auto rgb = static_cast<std::int32_t>(colors[i].rgb);
+        archive.number("colour", rgb);
+        colors[i] = {static_cast<unsigned>(rgb)};
+    }
+}
+
 } // namespace
 
 void ComposeWindow::Event_Open() {
@@ -158,9 +171,31 @@ Insertion ComposeWindow::insert_level() {
     return Insertion::done;
 }
 
+MessageDialog ComposeWindow::closing_question() const {
+    return unsaved_work_dialog("Your composed protocol has not been saved to file");
+}
+
+void ComposeWindow::archive_document(Archive& archive) {
+    Window::archive(archive);
+    archive_shared_state(archive, app);
+    for (std::int32_t* number :
+         {&app.numentries, &app.composelevel, &app.cellrow, &app.cellcol, &totalminutes, &totalseconds, &totalhours}) {
+        archive.number("number", *number);
+    }
+    archive_colors(archive, app.textshade);
+    std::int32_t rows = app.selrowcol.count();
+    archive.number("rows", rows);
+    for (int row = 0; row < rows; ++row) {
+        if (row == app.selrowcol.count()) {
+            app.selrowcol.append({});
+        }
+        archive_colors(archive, app.selrowcol[row]);
+    }
+}
+
 bool ComposeWindow::Event_CancelClose() {
     if (app.composechanged) {
-        const auto answer = ask(unsaved_work_dialog("Your composed protocol has not been saved to file"));
+        const auto answer = ask(closing_question());
         if (answer == DialogAnswer::cancel) {
             return true;
         }

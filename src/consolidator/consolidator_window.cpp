@@ -89,9 +89,20 @@ void ConsolidatorWindow::isoDecimal_Action() {
     freqdisplayfield.SetText(in_comma_notation(freqdisplayfield.Text()));
 }
 
+MessageDialog ConsolidatorWindow::closing_question() const {
+    return save_question("Do you want to save your frequency list before quitting?");
+}
+
+void ConsolidatorWindow::archive_document(Archive& archive) {
+    Window::archive(archive);
+    archive_shared_state(archive, app);
+    archive.number("numentries", app.numentries);
+    archive.flag("composed", app.composed);
+}
+
 bool ConsolidatorWindow::Event_CancelClose() {
     if (app.consolidatorchanged) {
-        const auto answer = ask(save_question("Do you want to save your frequency list before quitting?"));
+        const auto answer = ask(closing_question());
         if (answer == DialogAnswer::cancel) {
             return true;
         }
@@ -119,6 +130,7 @@ void ConsolidatorWindow::save() {
     stream->Close();
     app.consolidatorchanged = false;
     app.changed = false;
+    app.is_saved(*this);
 }
 
 void ConsolidatorWindow::forget_list() {

@@ -81,6 +81,9 @@ public:
     EditField& name_field() override { return nameField; }
     const EditField* list() override { return &freqdisplayfield; }
     void save() override;
+    bool& change_flag() override { return app.consolidatorchanged; }
+    MessageDialog closing_question() const override;
+    void archive_document(Archive& archive) override;
 
     void forget_list(); // without a word: the fields and what is known of the list
 

@@ -6,6 +6,7 @@
 #include "core/app_state.h"
 #include "platform/application.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -31,13 +32,14 @@ class PreferencesWindow;
 class QcWindow;
 class ReadWindow;
 class SettingsWindow;
+class UnsavedWork;
 
 class App : public Application, public AppState {
 public:
     template <class W> using Instance = ImplicitWindow<App, W>;
 
     App(Desktop& desktop, const Version& version);
-    ~App() override { free_windows(); }
+    ~App() override;
 
     // core: the number reader, the register image.
     float strintR(const std::string& text);
@@ -111,6 +113,10 @@ public:
     void start();                  // the entry's steps: binds the menu commands and opens Window1
     void save_settings_and_quit(); // a fault in the saving is shown and does not keep the program running
     void savesettings();
+    void write_settings(); // the file alone
+    bool offer_recovery(); // what an earlier program left behind; true where it was restored
+    void ended_by_system() override;
+    bool session_may_end() override;
     bool getrts() { return false; }
 
     Serial& serial_line(); // the one line of the program
@@ -125,6 +131,7 @@ public:
     void writefile(Ref<BinaryOutputStream>& stream);
     void writezpFile(); // of the document in front
     void save_document(DocumentWindow* document);
+    void is_saved(const DocumentWindow& document); // what it holds now is on the disk
     std::optional<FolderItem> FSaveAs();
     void Print();
     void pagesetup();
@@ -153,10 +160,13 @@ public:
     Instance<MainWindow> Window1{*this};
 
 protected:
+    void all_events_ended() override;
     void fault_caught() override; // the progress notice must not outlive the command that raised it
 
 private:
     void _ApplicationAddMenuHandlers();
+
+    std::unique_ptr<UnsavedWork> unsaved_work_; // null: it is not kept
 };
 
 } // namespace tessit

@@ -18,6 +18,22 @@ DocumentWindow* last_document(const Application& app, MainPanel main_panel) {
     return last;
 }
 
+void archive_shared_state(Archive& archive, AppState& state) {
+    archive.flag("use_euro", state.use_euro);
+    archive.text("filename", state.filename);
+    archive.text("filetype", state.filetype);
+    archive.number("start_level", state.start_level);
+    archive.number("level", state.level);
+    archive.number("row", state.row);
+    archive.flag("insert", state.insert);
+    archive.flag("changelevel", state.changelevel);
+    archive.number("default_timeformat", state.default_timeformat);
+    for (std::string* time : {&state.default_sf_time_s, &state.default_sf_time_ms, &state.default_wp_time_s,
+                              &state.default_wp_time_ms}) { // the remembered ones
+        archive.text("time", *time);
+    }
+}
+
 MessageDialog save_question(const std::string& message) {
     return {.Message = message,
             .Explanation = "If you don't save, your changes will be lost",

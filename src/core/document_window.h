@@ -6,6 +6,7 @@
 #include "core/app_state.h"
 #include "level/encoder.h"
 #include "platform/application.h"
+#include "platform/archive.h"
 #include "platform/edit_field.h"
 #include "platform/listbox.h"
 
@@ -36,6 +37,11 @@ public:
     virtual Heading heading() const { return Heading::name_of_document; }
 
     virtual void save() = 0; // the Save command; marks as saved also where the file dialog was dismissed, but no list
+    virtual bool& change_flag() = 0; // there is unsaved work, about which closing asks
+    virtual MessageDialog closing_question() const = 0;
+    // Everything by which the window can be made again as it is: its controls and the shared state that they go with.
+    virtual void archive_document(Archive& archive) = 0;
+
     virtual void delete_selected_level() {}
     virtual Insertion insert_level() { return Insertion::done; } // above the selected one
 };
@@ -44,6 +50,9 @@ public:
 // in whether the main panel hides those before it.
 enum class MainPanel { counts, is_passed_over };
 DocumentWindow* last_document(const Application& app, MainPanel main_panel); // null for none
+
+// The part of the shared state that goes with a document's texts.
+void archive_shared_state(Archive& archive, AppState& state);
 
 // The question that every document window asks about its unsaved work: "Save", "Don't Save", Cancel.
 MessageDialog save_question(const std::string& message);

@@ -86,11 +86,20 @@ void ReadWindow::save() {
     app.readchanged = false; // also when the dialog was dismissed
 }
 
+MessageDialog ReadWindow::closing_question() const {
+    return unsaved_work_dialog("Data just read from the Zephon has not been saved to file");
+}
+
+void ReadWindow::archive_document(Archive& archive) {
+    Window::archive(archive);
+    archive_shared_state(archive, app);
+}
+
 bool ReadWindow::Event_CancelClose() {
     if (!app.readchanged) {
         return false;
     }
-    switch (ask(unsaved_work_dialog("Data just read from the Zephon has not been saved to file"))) {
+    switch (ask(closing_question())) {
     case DialogAnswer::cancel:
         return true;
     case DialogAnswer::action:

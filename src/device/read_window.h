@@ -62,6 +62,9 @@ public:
     std::optional<LevelTable> level_table() override;
     Heading heading() const override { return Heading::quality_line; }
     void save() override;
+    bool& change_flag() override { return app.readchanged; }
+    MessageDialog closing_question() const override;
+    void archive_document(Archive& archive) override;
 
 private:
     App& app;

@@ -259,11 +259,23 @@ Insertion EditWindow::insert_level() {
     return Insertion::done;
 }
 
+MessageDialog EditWindow::closing_question() const {
+    return unsaved_work_dialog("Data in the Edit window has not been saved to file");
+}
+
+void EditWindow::archive_document(Archive& archive) {
+    Window::archive(archive);
+    archive_shared_state(archive, app);
+    for (std::int32_t* total : {&totalseconds, &totalminutes, &totalhours, &totalfreqs}) {
+        archive.number("total", *total);
+    }
+}
+
 bool EditWindow::Event_CancelClose() {
     if (!app.editchanged) {
         return false;
     }
-    switch (ask(unsaved_work_dialog("Data in the Edit window has not been saved to file"))) {
+    switch (ask(closing_question())) {
     case DialogAnswer::cancel:
         return true;
     case DialogAnswer::action:

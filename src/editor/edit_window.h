@@ -180,6 +180,9 @@ public:
     std::optional<LevelTable> level_table() override;
     const Listbox* table_to_export() override { return &edit_displayBox; }
     void save() override;
+    bool& change_flag() override { return app.editchanged; }
+    MessageDialog closing_question() const override;
+    void archive_document(Archive& archive) override;
     void delete_selected_level() override;
     Insertion insert_level() override;
 

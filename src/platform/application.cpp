@@ -144,6 +144,7 @@ void Application::from_user(const std::string& handler, const std::function<void
     --depth_;
     if (depth_ == 0) {
         retired_.clear();
+        all_events_ended();
         desktop_.event_ended();
     }
 }

@@ -101,6 +101,12 @@ public:
     bool takes(tessit::Window& window, const FolderItem& file); // the window's menu has the entry, and it is enabled
     void choose_menu(std::string_view entry, const FolderItem& chosen);
 
+    // The system ends the program, at once and perhaps while a handler runs: what can be kept is kept, nothing is
+    // asked.
+    virtual void ended_by_system() {}
+    // The user's session is to end: asks about unsaved work. False: the user wants to go on.
+    virtual bool session_may_end() { return true; }
+
     // For Window, Control and ImplicitWindow.
     tessit::Window& adopt(std::unique_ptr<tessit::Window> window, std::function<void()> on_retired);
     void open(tessit::Window& window);
@@ -114,6 +120,7 @@ protected:
     void free_windows();                 // by the destructor of the class that has the windows' instances
     virtual void show_main_window() = 0; // when an event ends with no window to be seen
     virtual void fault_caught() {}       // before the report is shown
+    virtual void all_events_ended() {}   // the outermost event has returned
 
 private:
     struct OpenWindow {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/buttons.h"
 
+#include "platform/archive.h"
 #include "platform/window.h"
 
 namespace tessit {
@@ -34,6 +35,10 @@ void RadioButton::SetValue(bool value) {
         }
     }
     show_change();
+}
+
+void RadioButton::archive_values(Archive& archive) {
+    archive.flag("on", value_);
 }
 
 void RadioButton::click() {

@@ -52,6 +52,9 @@ public:
 
     void click(); // user input: puts it on, then Action
 
+protected:
+    void archive_values(Archive& archive) override;
+
 private:
     const RadioButtonDesign own_;
     bool value_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/choice.h"
 
+#include "platform/archive.h"
 #include "platform/array.h"
 #include "platform/text.h"
 
@@ -52,6 +53,12 @@ void PopupMenu::set(int index, std::string text) {
     if (text_changed) {
         raise("TextChange", on_text_change_);
     }
+}
+
+void PopupMenu::archive_values(Archive& archive) {
+    archive.number("index", list_index_);
+    check_put_back(list_index_, -1, ListCount());
+    archive.text("text", text_);
 }
 
 void PopupMenu::ChooseText(std::string_view text, int first) {

@@ -38,6 +38,7 @@ public:
 protected:
     int find(std::string_view text) const; // -1 where no item is the same text
     void set(int index, std::string text);
+    void archive_values(Archive& archive) override; // not the list
 
 private:
     std::vector<std::string> items_;

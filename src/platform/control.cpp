@@ -2,6 +2,7 @@
 #include "platform/control.h"
 
 #include "platform/application.h"
+#include "platform/archive.h"
 #include "platform/window.h"
 
 namespace tessit {
@@ -41,6 +42,16 @@ void Control::Refresh() {
 void Control::show_change() {
     if (view_ != nullptr) {
         view_->refresh();
+    }
+}
+
+void Control::archive(Archive& archive) {
+    archive.section(design_.name);
+    archive.flag("enabled", enabled_);
+    archive.flag("visible", visible_);
+    archive_values(archive);
+    if (archive.puts_back()) {
+        show_change();
     }
 }
 

@@ -9,6 +9,7 @@
 
 namespace tessit {
 
+class Archive;
 class Window;
 
 struct Place { // in points, relative to the window's content
@@ -81,10 +82,13 @@ public:
     // A menu command that the control sees to itself while its window is in front; false leaves it to the program.
     virtual bool handle_command(std::string_view) { return false; }
 
+    void archive(Archive& archive); // its values, with those of every class; no event is raised
+
     void attach(ControlView* view) { view_ = view; } // null detaches
     ControlView* view() const { return view_; }
 
 protected:
+    virtual void archive_values(Archive&) {}             // those of the own class
     bool usable() const { return enabled_ && visible_; } // user input reaches it
     void show_change();
     // A handler that the program's own setter raises: faults go on to the outermost event.

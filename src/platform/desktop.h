@@ -30,7 +30,8 @@ public:
     virtual SerialPorts& serial_ports() = 0;
     virtual Sockets& sockets() = 0;
     virtual FolderItem program_folder() = 0; // settings, the transfer file and the help documents are there
-    virtual std::vector<FolderItem> document_folders() { return {}; } // where documents lie that are not there
+    virtual std::vector<FolderItem> document_folders() { return {}; }  // where documents lie that are not there
+    virtual std::optional<FolderItem> recovery_folder() { return {}; } // of unsaved work; none: it is not kept
 
     // Modal; each returns when the user has answered. No value: dismissed.
     virtual DialogAnswer show_dialog(const MessageDialog& dialog) = 0;
@@ -43,7 +44,8 @@ public:
     virtual const std::vector<std::string>& fonts() = 0;     // names of font families
     virtual std::optional<std::string> clipboard_text() = 0; // none where the clipboard holds no text
     virtual void set_clipboard_text(const std::string& text) = 0;
-    virtual void call_soon(std::function<void()> call) = 0; // from the event loop, when nothing else runs
+    virtual void call_soon(std::function<void()> call) = 0;         // from the event loop, when nothing else runs
+    virtual void call_later(Microseconds, std::function<void()>) {} // after so long, also while a dialog is shown
 
     // Windows. A window is made known when it is shown for the first time and forgotten before it is freed.
     virtual void window_shown(Window& window) = 0; // now visible and in front

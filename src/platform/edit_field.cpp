@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/edit_field.h"
 
+#include "platform/archive.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -48,6 +49,15 @@ void EditField::take(tessit::StyledText next) {
     show_change();
     if (text_differs) {
         raise("TextChange", own_.on_text_change);
+    }
+}
+
+void EditField::archive_values(Archive& archive) {
+    std::string text = Text();
+    archive.text("text", text);
+    if (text != Text()) {
+        styled_ = tessit::StyledText(std::move(text));
+        select({.start = selection_.start});
     }
 }
 

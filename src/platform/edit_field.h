@@ -74,6 +74,9 @@ public:
     void select(TextSelection selection);      // kept within the text
     void leave();
 
+protected:
+    void archive_values(Archive& archive) override; // without styles and selection
+
 private:
     std::string accepted(std::string_view text) const;
     std::string in_one_line(std::string_view text) const;

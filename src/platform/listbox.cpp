@@ -2,6 +2,7 @@
 #include "platform/listbox.h"
 
 #include "platform/application.h"
+#include "platform/archive.h"
 #include "platform/array.h"
 #include "platform/text.h"
 #include "platform/window.h"
@@ -107,6 +108,38 @@ Align Listbox::ColumnAlignment(int column) const {
 void Listbox::SetColumnAlignment(int column, Align align) {
     alignments_[checked_index(column, alignments_.size())] = align;
     show_change();
+}
+
+void Listbox::archive_values(Archive& archive) {
+    archive.text("widths", column_widths_);
+    for (std::size_t column = 0; column < headings_.size(); ++column) {
+        auto align = static_cast<std::int32_t>(alignments_[column]);
+        archive.text("heading", headings_[column]);
+        archive.number("alignment", align);
+        check_put_back(align, 0, static_cast<std::int32_t>(Align::right) + 1);
+        alignments_[column] = static_cast<Align>(align);
+    }
+    std::int32_t count = ListCount();
+    archive.number("rows", count);
+    for (int row = 0; row < count; ++row) {
+        if (row == ListCount()) { // grows with what is read, whatever the number promises
+            AddRow("");
+        }
+        for (int column = 0; column < ColumnCount(); ++column) {
+            std::string text = Cell(row, column);
+            archive.text("cell", text);
+            SetCell(row, column, text);
+        }
+    }
+    while (ListCount() > std::max(count, 0)) {
+        RemoveRow(ListCount() - 1);
+    }
+    archive.number("last row", last_index_);
+    archive.number("selected row", list_index_);
+    archive.number("topmost row", scroll_position_);
+    check_put_back(last_index_, -1, ListCount());
+    check_put_back(list_index_, -1, ListCount());
+    check_put_back(scroll_position_, 0, std::max(1, ListCount()));
 }
 
 int Listbox::RowFromXY(int, int y) const {

@@ -90,6 +90,9 @@ public:
     void paint_cell_background(CellGraphics& g, int row, int column);
     bool paint_cell_text(CellGraphics& g, int row, int column, int x, int y);
 
+protected:
+    void archive_values(Archive& archive) override;
+
 private:
     void paint(const char* event, const std::function<void()>& handler);
     int heading_height() const { return own_.has_heading ? row_height : 0; }

@@ -2,6 +2,7 @@
 // Controls that show and take no input: captions, group frames, progress bars, pictures.
 #pragma once
 
+#include "platform/archive.h"
 #include "platform/control.h"
 
 #include <algorithm>
@@ -30,6 +31,9 @@ public:
         }
     }
     const StaticTextDesign& own() const { return own_; }
+
+protected:
+    void archive_values(Archive& archive) override { archive.text("text", text_); }
 
 private:
     const StaticTextDesign own_;

@@ -76,6 +76,12 @@ void Window::move_to(int left, int top) {
     top_ = top;
 }
 
+void Window::archive(Archive& archive) {
+    for (Control* control : controls_) {
+        control->archive(archive);
+    }
+}
+
 MenuItem& Window::menu_item(std::string_view entry) const {
     return application_.MenuBar1.item(entry);
 }

@@ -13,6 +13,7 @@
 namespace tessit {
 
 class Application;
+class Archive;
 class MenuItem;
 
 // Document windows have Frame 0; nothing else has.
@@ -61,6 +62,8 @@ public:
 
     // The control that has the keyboard focus when the window is in front; null before any was given it.
     Control* focus_control() const { return focus_control_; }
+
+    void archive(Archive& archive); // the controls
 
     // User input: outermost events. `activate` tells that the user brought the window to the front.
     void activate();

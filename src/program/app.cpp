@@ -9,6 +9,7 @@
 #include "editor/edit_window.h"
 #include "program/main_window.h"
 #include "program/menus.h"
+#include "program/unsaved_work.h"
 
 namespace tessit {
 
@@ -31,7 +32,12 @@ template <class Access> DocumentWindow* active_document(App& app, Access access)
 
 } // namespace
 
-App::App(Desktop& desktop, const Version& program_version) : Application(desktop, program_version, make_menu_bar()) {}
+App::App(Desktop& desktop, const Version& program_version)
+    : Application(desktop, program_version, make_menu_bar()), unsaved_work_(UnsavedWork::of(*this)) {}
+
+App::~App() {
+    free_windows();
+}
 
 void App::start() {
     _ApplicationAddMenuHandlers();

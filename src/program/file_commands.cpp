@@ -118,6 +118,9 @@ void App::save_document(DocumentWindow* document) {
     if (const auto file = FSaveAs()) {
         auto stream = file->CreateBinaryFile(filetype);
         writefile(stream);
+        if (document != nullptr && !filename.empty()) {
+            is_saved(*document);
+        }
     }
 }
 

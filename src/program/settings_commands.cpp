@@ -11,12 +11,15 @@ namespace tessit {
 void App::savesettings() {
     settings_window.Close();
     SetPreferencesWindow.Close();
-    const FolderItem folder = GetFolderItem("");
     settings_window->outputfield.SetText("serial port," + Str(portnum));
+    write_settings();
+}
+
+void App::write_settings() {
     if (!filepath) {
         return; // an open dialog was dismissed: nothing is saved, and nothing said
     }
-    if (folder.Exists()) {
+    if (GetFolderItem("").Exists()) {
         auto stream = GetFolderItem(settings_file_name).CreateTextFile();
         stream->WriteLine(settings_text(*this));
         stream->Close();

@@ -3,6 +3,7 @@
 
 #include "platform/application.h"
 #include "qt/dialogs.h"
+#include "qt/endings.h"
 #include "qt/file_dialogs.h"
 #include "qt/logo.h"
 #include "qt/look.h"
@@ -17,11 +18,26 @@
 #include <QMimeData>
 #include <QStandardPaths>
 #include <QTimer>
+#include <chrono>
 #include <ctime>
 #include <exception>
 #include <utility>
 
 namespace tessit::qt {
+
+namespace {
+
+FolderItem folder_item(const QString& path) {
+    return FolderItem(QFile::encodeName(path).toStdString());
+}
+
+bool lives_beside_program() { // where it was built
+    const QString beside_program = QCoreApplication::applicationDirPath();
+    const bool installed = QDir(beside_program).exists(QStringLiteral("../share/tessit-control"));
+    return !installed && QFileInfo(beside_program).isWritable();
+}
+
+} // namespace
 
 bool GuiApplication::notify(QObject* receiver, QEvent* event) {
     try {
@@ -50,26 +66,39 @@ QtDesktop::~QtDesktop() {
 }
 
 int QtDesktop::run() {
+    const Endings endings(
+        [this] {
+            if (application_ != nullptr) {
+                application_->ended_by_system();
+            }
+        },
+        [this] { return application_ == nullptr || application_->session_may_end(); });
     return quit_asked_ ? 0 : QApplication::exec();
 }
 
 FolderItem QtDesktop::program_folder() {
-    const QString beside_program = QCoreApplication::applicationDirPath();
-    const bool installed = QDir(beside_program).exists(QStringLiteral("../share/tessit-control"));
-    if (!installed && QFileInfo(beside_program).isWritable()) {
-        return FolderItem(QFile::encodeName(beside_program).toStdString());
+    if (lives_beside_program()) {
+        return folder_item(QCoreApplication::applicationDirPath());
     }
     const QString own = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     QDir().mkpath(own);
-    return FolderItem(QFile::encodeName(own).toStdString());
+    return folder_item(own);
+}
+
+std::optional<FolderItem> QtDesktop::recovery_folder() {
+    if (lives_beside_program()) {
+        return program_folder().Child("recovery");
+    }
+    const QString state = qEnvironmentVariable("XDG_STATE_HOME");
+    return folder_item((QDir::isAbsolutePath(state) ? state : QDir::homePath() + QLatin1String("/.local/state")) +
+                       QLatin1String("/tessit-control/recovery"));
 }
 
 std::vector<FolderItem> QtDesktop::document_folders() {
     const QDir beside_program(QCoreApplication::applicationDirPath());
     std::vector<FolderItem> folders;
     for (const char* folder : {".", "../share/tessit-control", "../share/doc/tessit-control"}) {
-        const QString path = QDir::cleanPath(beside_program.absoluteFilePath(QLatin1String(folder)));
-        folders.emplace_back(QFile::encodeName(path).toStdString());
+        folders.push_back(folder_item(QDir::cleanPath(beside_program.absoluteFilePath(QLatin1String(folder)))));
     }
     return folders;
 }
@@ -127,6 +156,11 @@ void QtDesktop::set_clipboard_text(const std::string& text) {
 
 void QtDesktop::call_soon(std::function<void()> call) {
     QTimer::singleShot(0, qApp, std::move(call));
+}
+
+void QtDesktop::call_later(Microseconds delay, std::function<void()> call) {
+    QTimer::singleShot(std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::microseconds(delay)), qApp,
+                       std::move(call));
 }
 
 // A handler may show a window and hide it again, as closing one document window to open the next one does. So windows

@@ -42,6 +42,8 @@ public:
     FolderItem program_folder() override;                // the user's own, or the executable's where it was built
     std::vector<FolderItem> document_folders() override; // the executable's, then those of an installation
 
+    std::optional<FolderItem> recovery_folder() override; // beside the settings, or with the user's state
+
     DialogAnswer show_dialog(const MessageDialog& dialog) override;
     std::optional<FolderItem> choose_open_file(const FileRequest& request) override;
     std::optional<FolderItem> choose_save_file(const FileRequest& request) override;
@@ -53,6 +55,7 @@ public:
     std::optional<std::string> clipboard_text() override;
     void set_clipboard_text(const std::string& text) override;
     void call_soon(std::function<void()> call) override;
+    void call_later(Microseconds delay, std::function<void()> call) override;
 
     void window_shown(Window& window) override;
     void window_hidden(Window& window) override;

@@ -120,6 +120,7 @@ public:
     std::optional<std::string> clipboard_text() override { return clipboard; }
     void set_clipboard_text(const std::string& text) override { clipboard = text; }
     void call_soon(std::function<void()> call) override { soon_.push_back(std::move(call)); }
+    void call_later(Microseconds, std::function<void()> call) override { soon_.push_back(std::move(call)); }
     void run_event_loop(); // until nothing is left to be called
     void window_shown(Window& window) override { shown.push_back(window.name()); }
     void window_hidden(Window&) override {}
