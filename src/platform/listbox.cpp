@@ -134,9 +134,9 @@ void Listbox::archive_values(Archive& archive) {
     while (ListCount() > std::max(count, 0)) {
         RemoveRow(ListCount() - 1);
     }
-    archive.number("last row", last_index_);
-    archive.number("selected row", list_index_);
-    archive.number("topmost row", scroll_position_);
+    archive.number("last", last_index_);
+    archive.number("selected", list_index_);
+    archive.number("topmost", scroll_position_);
     check_put_back(last_index_, -1, ListCount());
     check_put_back(list_index_, -1, ListCount());
     check_put_back(scroll_position_, 0, std::max(1, ListCount()));

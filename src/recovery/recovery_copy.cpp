@@ -46,7 +46,7 @@ void archive(Archive& archive, RecoveryCopy& copy) {
     archive.text("window", copy.window);
     archive.text("document", copy.document);
     std::string seconds = std::to_string(copy.kept_at);
-    archive.text("kept at", seconds);
+    archive.text("time", seconds);
     std::from_chars(seconds.data(), seconds.data() + seconds.size(), copy.kept_at);
     archive.text("values", copy.values);
 }
