@@ -84,11 +84,13 @@ void Endings::end(int status) {
 }
 
 void Endings::ask_for_session(QSessionManager& manager) {
-    if (manager.allowsInteraction()) {
-        if (!may_end_()) {
-            manager.cancel();
-        }
+    if (!manager.allowsInteraction()) {
+        return;
+    }
+    if (may_end_()) {
         manager.release();
+    } else {
+        manager.cancel(); // and no release, with which Qt would say that all is well
     }
 }
 
