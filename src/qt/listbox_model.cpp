@@ -7,7 +7,7 @@ namespace tessit::qt {
 
 namespace {
 
-QVariant alignment_of(Align align) {
+QVariant alignment_in_cell(Align align) {
     const Qt::AlignmentFlag across[] = {Qt::AlignLeft, Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
     return QVariant::fromValue(Qt::Alignment(across[static_cast<int>(align)]) | Qt::AlignVCenter);
 }
@@ -26,7 +26,7 @@ QVariant ListboxModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return to_widget(listbox_->Cell(index.row(), index.column()));
     case Qt::TextAlignmentRole:
-        return alignment_of(listbox_->ColumnAlignment(index.column()));
+        return alignment_in_cell(listbox_->ColumnAlignment(index.column()));
     default:
         return {};
     }
@@ -40,7 +40,7 @@ QVariant ListboxModel::headerData(int section, Qt::Orientation orientation, int 
     case Qt::DisplayRole:
         return to_widget(listbox_->Heading(section));
     case Qt::TextAlignmentRole:
-        return alignment_of(listbox_->ColumnAlignment(section));
+        return alignment_in_cell(listbox_->ColumnAlignment(section));
     default:
         return {};
     }

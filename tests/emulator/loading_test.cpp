@@ -66,35 +66,35 @@ TEST(Loading, wrap_of_the_low_address_byte_is_carried) {
     EXPECT_EQ(generator.level(1, 17), unset_level);
 }
 
-enum class Then { stored, refused };
+enum class Fate { stored, refused };
 
 TEST(Loading, each_breach_is_remembered) {
     // A level with wrong bytes is neither stored nor acknowledged.
-    const std::tuple<std::size_t, Sent, Then, const char*> cases[] = {
-        {record_at + 2, {5'000, 151}, Then::refused, "check byte 30 / byte 31"},
-        {record_at + 11, {5'000, 0}, Then::refused, "check byte 31 / byte 0"},
-        {count_at, {5'000, 5}, Then::refused, "count byte 4 / byte 5"},
-        {padding_at + 3, {5'000, 0}, Then::refused, "padding, byte 255 / byte 0"},
+    const std::tuple<std::size_t, Sent, Fate, const char*> cases[] = {
+        {record_at + 2, {5'000, 151}, Fate::refused, "check byte 30 / byte 31"},
+        {record_at + 11, {5'000, 0}, Fate::refused, "check byte 31 / byte 0"},
+        {count_at, {5'000, 5}, Fate::refused, "count byte 4 / byte 5"},
+        {padding_at + 3, {5'000, 0}, Fate::refused, "padding, byte 255 / byte 0"},
         {low_at,
          {10'000, 193},
-         Then::refused,
+         Fate::refused,
          "the start of a bank / address 4801 (18, 193); a call, byte 86 / byte 0"},
-        {record_at + 5, {6'000'000, 3}, Then::refused, "the rest of the load / nothing; a call, byte 86 / byte 3"},
-        {high_at, {9'999, 18}, Then::stored, "10000 us after call / 1 us"},
-        {low_at, {9'000, 192}, Then::stored, "10000 us after address_high / 1000 us"},
-        {record_at + 1, {5'000, 30}, Then::stored, "10000 us after first_byte / 5000 us"},
-        {record_at + 11, {4'990, 31}, Then::stored, "5000 us after further_byte / 10 us"},
-        {padding_at, {0, 255}, Then::stored, "5000 us after further_byte / 5000 us"},
-        {count_at, {4'999, 4}, Then::stored, "5000 us after padding / 1 us"},
+        {record_at + 5, {6'000'000, 3}, Fate::refused, "the rest of the load / nothing; a call, byte 86 / byte 3"},
+        {high_at, {9'999, 18}, Fate::stored, "10000 us after call / 1 us"},
+        {low_at, {9'000, 192}, Fate::stored, "10000 us after address_high / 1000 us"},
+        {record_at + 1, {5'000, 30}, Fate::stored, "10000 us after first_byte / 5000 us"},
+        {record_at + 11, {4'990, 31}, Fate::stored, "5000 us after further_byte / 10 us"},
+        {padding_at, {0, 255}, Fate::stored, "5000 us after further_byte / 5000 us"},
+        {count_at, {4'999, 4}, Fate::stored, "5000 us after padding / 1 us"},
     };
-    for (const auto& [place, instead, then, violation] : cases) {
+    for (const auto& [place, instead, fate, violation] : cases) {
         InReceiveMode generator;
         Script script = load_script(1);
         script[place] = instead;
         play(generator, script);
         EXPECT_EQ(without_words(violation_texts(generator)), violation);
-        EXPECT_EQ(generator.level(7, 1), then == Then::stored ? hz_7_83 : never_loaded) << violation;
-        EXPECT_EQ(generator.receiving(), then == Then::stored) << violation;
+        EXPECT_EQ(generator.level(7, 1), fate == Fate::stored ? hz_7_83 : never_loaded) << violation;
+        EXPECT_EQ(generator.receiving(), fate == Fate::stored) << violation;
     }
 }
 

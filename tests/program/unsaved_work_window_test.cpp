@@ -113,8 +113,6 @@ protected:
     ScriptedDesktop& desktop = program.desktop;
 };
 
-} // namespace
-
 TEST_F(UnsavedWorkTest, copy_is_there_while_work_is_unsaved) {
     app.choose_menu("FileCreateNewFile");
     EXPECT_FALSE(fs::exists(recovery)); // nothing to be seen before there is a copy
@@ -231,3 +229,5 @@ TEST_F(UnsavedWorkTest, end_by_the_system_saves_the_settings) {
     app.ended_by_system();
     EXPECT_NE(file_bytes(desktop.folder / "ZP2Settings.fig").find("rate,42;"), std::string::npos);
 }
+
+} // namespace
