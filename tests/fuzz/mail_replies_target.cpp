@@ -3,6 +3,7 @@
 // takes refused messages.
 #include "mail/smtp_secure_socket.h"
 #include "platform/small_application.h"
+#include "platform/text.h"
 #include "tools/fuzzing/target.h"
 
 namespace tessit::fuzzing {
