@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Any text is a list, sorted and freed of duplicates as the rules tell it, and composed. The first byte is the settings.
+// Any text is a list, sorted and freed of duplicates as the rules tell it, and composed. The first byte is the
+// settings.
 #include "composer/compose_window.h"
 #include "consolidator/consolidator_window.h"
 #include "support/frequency_loops.h"
@@ -40,7 +41,8 @@ void try_input(const std::string& input) {
     app.use_euro = mark == DecimalMark::comma;
     testing::write_file(program.desktop.file, text);
     app.choose_menu("ConsolidatorOpen");
-    app.from_user("sort", [&] { order == SortOrder::increasing ? app.consolidatorsortup() : app.consolidatorsortdn(); });
+    app.from_user("sort",
+                  [&] { order == SortOrder::increasing ? app.consolidatorsortup() : app.consolidatorsortdn(); });
     app.from_user("remove", [&] { app.removeduplicates(); });
     app.consolidatorWindow->composebutton.click();
     app.composewindow->allbutton.click();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A bank is read from a line that says anything and taken into the editor, and loaded into what says the rest. Each look
-// takes a byte of the input; at 238 nothing has come yet.
+// A bank is read from a line that says anything and taken into the editor, and loaded into what says the rest. Each
+// look takes a byte of the input; at 238 nothing has come yet.
 #include "device/load_direct_window.h"
 #include "device/read_window.h"
 #include "support/quiet_program.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Runs a fuzz target without libFuzzer, each time the same: all kept inputs, then as many mutations of them as were asked
-// for, drawn by a fixed seed. What fails is written to a file, as libFuzzer would, and told with how to run it again.
-// Usage: TARGET RUNS FOLDER-OR-FILE...
+// Runs a fuzz target without libFuzzer, each time the same: all kept inputs, then as many mutations of them as were
+// asked for, drawn by a fixed seed. What fails is written to a file, as libFuzzer would, and told with how to run it
+// again. Usage: TARGET RUNS FOLDER-OR-FILE...
 #include <algorithm>
 #include <array>
 #include <csignal>

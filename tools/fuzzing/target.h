@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a fuzz target is made of. A target is one file of tests/fuzz, `NAME_target.cpp`, that defines `try_input`, with a
-// folder of kept inputs, tests/fuzz/corpus/NAME. entry.cpp makes LLVMFuzzerTestOneInput of it, which either libFuzzer
+// What a fuzz target is made of. A target is one file of tests/fuzz, `NAME_target.cpp`, that defines `try_input`, with
+// a folder of kept inputs, tests/fuzz/corpus/NAME. entry.cpp makes LLVMFuzzerTestOneInput of it, which either libFuzzer
 // drives (tools/fuzz) or driver.cpp (the tests).
 #pragma once
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Interrupts the program's saves wherever they can be interrupted, and looks what is left: the old file or the new one,
-// whole, at most one unfinished file beside it, and a save that says it was done has been done. Prints a table; the exit
-// code is 1 when any of it does not hold, and 77 where processes can't be traced.
+// whole, at most one unfinished file beside it, and a save that says it was done has been done. Prints a table; the
+// exit code is 1 when any of it does not hold, and 77 where processes can't be traced.
 #include "support/full_disk.h"
 #include "support/quiet_program.h"
 #include "tools/interrupting/traced_run.h"
@@ -155,7 +155,8 @@ std::vector<Scenario> scenarios(testing::QuietProgram& program) {
     return {
         {"protocol of fifty levels", program.desktop.file,
          [&program, told_nothing] { return program.app.choose_menu("FileSave"), told_nothing(); }},
-        {"settings", program.settings_file, [&program, told_nothing] { return program.save_settings(), told_nothing(); }},
+        {"settings", program.settings_file,
+         [&program, told_nothing] { return program.save_settings(), told_nothing(); }},
     };
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Runs a step in a process of its own that is stopped before and after each of its calls to the system, and there killed,
-// or one of its calls made to fail.
+// Runs a step in a process of its own that is stopped before and after each of its calls to the system, and there
+// killed, or one of its calls made to fail.
 #pragma once
 
 #include <functional>
