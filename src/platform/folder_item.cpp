@@ -53,7 +53,7 @@ template <class Container> Container content_of(const std::filesystem::path& pat
 
 bool FolderItem::Exists() const {
     std::error_code error;
-    return std::filesystem::exists(path_, error);
+    return std::filesystem::exists(path_, error) || error; // what can't be looked at must not be taken for missing
 }
 
 Ref<BinaryInputStream> FolderItem::OpenAsBinaryFile(std::size_t most) const {

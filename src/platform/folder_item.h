@@ -28,7 +28,7 @@ public:
     std::string DisplayName() const { return path_.filename().string(); } // with its extension
     FolderItem Parent() const { return FolderItem(path_.parent_path()); }
     FolderItem Child(const std::string& name) const { return FolderItem(path_ / name); }
-    bool Exists() const;
+    bool Exists() const; // also where the system can't tell: opening it then gives the reason
     const std::filesystem::path& path() const { return path_; }
 
     // Raise Fault read_failed with the reason when the file can't be read. Of a binary file no more than `most` bytes

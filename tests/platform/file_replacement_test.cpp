@@ -7,9 +7,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/ptrace.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace tessit {
@@ -134,55 +132,6 @@ TEST_F(FileReplacementTest, a_full_disk_is_a_fault_and_leaves_the_old_file) {
     EXPECT_EQ(entries(folder.path()), 1);
     save(file, content);
     EXPECT_EQ(file_bytes(file), content);
-}
-
-// Runs a save in a process of its own that is stopped before and after each of its calls to the system, and kills it
-// at the given stop. False when the save was over before that.
-bool killed_at(int stop, const fs::path& file, const std::string& content) {
-    const pid_t child = fork();
-    if (child == 0) {
-        if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) {
-            _exit(1);
-        }
-        raise(SIGSTOP);
-        auto replacement = FileReplacement::create(file);
-        replacement->write(bytes(content));
-        replacement->commit();
-        _exit(0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    for (int i = 0; i < stop && WIFSTOPPED(status); ++i) {
-        ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
-        waitpid(child, &status, 0);
-    }
-    if (!WIFSTOPPED(status)) {
-        return false;
-    }
-    kill(child, SIGKILL);
-    waitpid(child, &status, 0);
-    return true;
-}
-
-TEST_F(FileReplacementTest, a_process_killed_at_any_moment_leaves_the_old_file_or_the_new_one) {
-    if (!killed_at(0, file, "")) {
-        GTEST_SKIP() << "this system does not let a process trace its child";
-    }
-    const std::string old(600, 'o');
-    const std::string content(1200, 'n');
-    bool was_old = false;
-    bool was_new = false;
-    int stop = 0;
-    for (bool killed = true; killed; ++stop) {
-        write_file(file, old);
-        killed = killed_at(stop, file, content);
-        const std::string found = file_bytes(file);
-        ASSERT_TRUE(found == old || found == content) << "killed at stop " << stop << ": " << found.size() << " bytes";
-        (found == old ? was_old : was_new) = true;
-    }
-    EXPECT_TRUE(was_old && was_new);
-    EXPECT_GT(stop, 10);
-    EXPECT_EQ(file_bytes(file), content); // the last one was not killed
 }
 
 TEST_F(StreamsTest, reading_past_the_end_gives_zeros) {
