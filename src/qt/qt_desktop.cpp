@@ -2,6 +2,7 @@
 #include "qt/qt_desktop.h"
 
 #include "platform/application.h"
+#include "platform/file_replacement.h"
 #include "qt/dialogs.h"
 #include "qt/file_dialogs.h"
 #include "qt/logo.h"
@@ -23,6 +24,17 @@
 
 namespace tessit::qt {
 
+namespace {
+
+// The user's own, for what may have to be recovered.
+std::filesystem::path recovery_folder() {
+    const QString state = qEnvironmentVariable("XDG_STATE_HOME");
+    const QString base = QDir::isAbsolutePath(state) ? state : QDir::homePath() + QStringLiteral("/.local/state");
+    return QFile::encodeName(base + QStringLiteral("/tessit-control/recovery")).toStdString();
+}
+
+} // namespace
+
 bool GuiApplication::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
@@ -35,6 +47,7 @@ bool GuiApplication::notify(QObject* receiver, QEvent* event) {
 }
 
 QtDesktop::QtDesktop() : clock_([this] { repaint_uncovered(); }) {
+    FileReplacement::set_copy_folder(recovery_folder());
     QApplication::setFont(application_font());
     QApplication::setQuitOnLastWindowClosed(false); // the program decides when it ends
     QApplication::setWindowIcon(QIcon(logo({64, 64}, 2)));
