@@ -256,7 +256,8 @@ TEST_F(Viewer, opens_no_pipe_and_no_device_and_lays_out_nothing_out_of_bounds) {
         EXPECT_EQ(mkfifo(path, 0600), 0);
     };
     const std::pair<QByteArray, const char*> pages[] = {
-        {R"(<link rel="stylesheet" href="pipe"><img src="pipe"><img src="/dev/zero"><p>shown)", "shown"},
+        {R"(<head><link rel="stylesheet" href="pipe"></head><body><img src="pipe"><img src="/dev/zero">shown)",
+         "shown"},
         {QByteArray("<table><tr><td>").repeated(6), "too deeply nested"},
         {QByteArray("<b></i>").repeated(51), "too deeply nested"},
         {"<table>" + QByteArray("<tr>").repeated(100) + "<td colspan=\"60\">", "its tables are too large"},
