@@ -5,7 +5,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
+#include <functional>
+#include <iterator>
 #include <optional>
 
 namespace tessit {
@@ -58,21 +59,13 @@ FrequencyList read_frequency_list(std::string_view text, DecimalMark mark) {
 
 namespace {
 
-// Exchanges whatever stands in the wrong order, at every distance, until a pass changes nothing.
-void exchange_sort(std::vector<double>& numbers, bool (*before)(double, double)) {
-    const std::size_t last = numbers.size() - 1;
-    bool changed = true;
-    for (std::size_t pass = 1; pass <= last && changed; ++pass) {
-        changed = false;
-        for (std::size_t gap = 1; gap < last; ++gap) {
-            for (std::size_t i = last; i >= gap; --i) {
-                if (before(numbers[i], numbers[i - gap])) {
-                    std::swap(numbers[i], numbers[i - gap]);
-                    changed = true;
-                }
-            }
-        }
-    }
+bool is_number(double value) {
+    return !std::isnan(value);
+}
+
+// First and last entry are never compared with each other, so that a number between them must pass them on.
+bool can_be_sorted(const Array<double>& numbers) {
+    return numbers.count() > 2 && std::any_of(numbers.begin() + 1, numbers.end() - 1, is_number);
 }
 
 // For each place of a list, where the same number stands next. A place behind a 0 or behind the list's end is never
@@ -105,18 +98,24 @@ private:
 } // namespace
 
 void sort_frequencies(Array<double>& numbers, SortOrder order) {
-    const auto before = order == SortOrder::increasing ? [](double a, double b) { return a < b; }
-                                                       : [](double a, double b) { return b < a; };
-    std::vector<double> sorted(numbers.begin(), numbers.end());
-    if (sorted.size() <= 2) { // the greatest distance compared is one less than the number of entries
+    if (!can_be_sorted(numbers)) {
         return;
     }
-    if (std::any_of(sorted.begin(), sorted.end(), [](double number) { return std::isnan(number); })) {
-        exchange_sort(sorted, before); // what is no number keeps its place, and the others pass it
+    std::vector<double> list(numbers.begin(), numbers.end());
+    std::vector<double> sorted;
+    std::copy_if(list.begin(), list.end(), std::back_inserter(sorted), is_number);
+    if (order == SortOrder::increasing) {
+        std::sort(sorted.begin(), sorted.end());
     } else {
-        std::sort(sorted.begin(), sorted.end(), before);
+        std::sort(sorted.begin(), sorted.end(), std::greater<>());
     }
-    numbers = Array<double>(std::move(sorted));
+    auto next = sorted.begin();
+    for (double& place : list) {
+        if (is_number(place)) {
+            place = *next++;
+        }
+    }
+    numbers = Array<double>(std::move(list));
 }
 
 // Scans go over the list from a base on: where the number at the base is found again, the base's own goes and the rest

@@ -2,13 +2,13 @@
 #include "platform/file_replacement.h"
 
 #include "platform/fault.h"
+#include "platform/file_attributes.h"
 #include "platform/file_kind.h"
+#include "platform/file_writing.h"
+#include "platform/user_folders.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
-#include <optional>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -34,32 +34,19 @@ fs::path resolved(const fs::path& target) {
     return error ? target : result;
 }
 
-mode_t default_mode() {
-    const mode_t mask = umask(0);
-    umask(mask);
-    return 0666 & ~mask;
-}
-
-void sync_folder(const fs::path& folder) {
-    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor >= 0) {
-        fsync(descriptor);
-        close(descriptor);
-    }
-}
-
 [[noreturn]] void cannot_be_created(const fs::path& target, const std::string& reason) {
     throw Fault(FaultKind::write_failed, "The file \"" + target.string() + "\" could not be created: " + reason + ".");
 }
 
-// The mode of the file that is to be replaced; none where nothing is yet.
-std::optional<mode_t> mode_to_keep(const fs::path& target, const fs::path& file) {
+enum class Old { none, file, device };
+
+Old what_is_there(const fs::path& target, const fs::path& file) {
     struct stat status = {};
     if (stat(file.c_str(), &status) != 0) {
         if (errno != ENOENT) {
             cannot_be_created(target, std::strerror(errno));
         }
-        return std::nullopt;
+        return Old::none;
     }
     const char* reason = why_no_ordinary_file(status.st_mode);
     if (reason != nullptr && !S_ISCHR(status.st_mode)) {
@@ -71,72 +58,90 @@ std::optional<mode_t> mode_to_keep(const fs::path& target, const fs::path& file)
     if (access(file.c_str(), W_OK) != 0) {
         cannot_be_created(target, std::strerror(errno));
     }
-    return status.st_mode;
+    return reason == nullptr ? Old::file : Old::device;
+}
+
+// A folder that is not the user's to change, by its rights or by its "sticky" mark, or a file that is mounted there.
+bool is_about_the_folder(const std::error_code& error) {
+    return error == std::errc::permission_denied || error == std::errc::operation_not_permitted ||
+           error == std::errc::device_or_resource_busy;
+}
+
+std::unique_ptr<UnfinishedFile> unfinished_beside(const fs::path& target, const fs::path& file, Old old) {
+    try {
+        auto beside = std::make_unique<UnfinishedFile>(file.parent_path());
+        if (old == Old::file) {
+            keep_attributes(file, beside->descriptor());
+        } else {
+            set_mode_of_new_file(beside->descriptor());
+        }
+        return beside;
+    } catch (const std::system_error& error) {
+        if (old == Old::none || user_recovery_folder().empty() || !is_about_the_folder(error.code())) {
+            cannot_be_created(target, error.code().message());
+        }
+        return nullptr;
+    }
 }
 
 } // namespace
 
 std::unique_ptr<FileReplacement> FileReplacement::create(const fs::path& target) {
     const fs::path file = resolved(target);
-    const auto old_mode = mode_to_keep(target, file);
-    const bool in_place = old_mode && S_ISCHR(*old_mode);
-    std::string beside = in_place ? "" : (file.parent_path() / ".tessit-XXXXXX").string();
-    const int descriptor = in_place ? open(file.c_str(), O_WRONLY | O_CLOEXEC) : mkostemp(beside.data(), O_CLOEXEC);
-    if (descriptor < 0) {
-        cannot_be_created(target, std::strerror(errno));
-    }
-    if (!in_place) {
-        fchmod(descriptor, old_mode ? *old_mode & 07777 : default_mode());
-    }
-    return std::unique_ptr<FileReplacement>(new FileReplacement(descriptor, file, beside));
+    const Old old = what_is_there(target, file);
+    auto beside = old == Old::device ? nullptr : unfinished_beside(target, file, old);
+    return std::unique_ptr<FileReplacement>(new FileReplacement(file, std::move(beside)));
 }
 
-FileReplacement::FileReplacement(int descriptor, fs::path target, fs::path beside)
-    : descriptor_(descriptor), target_(std::move(target)), beside_(std::move(beside)) {}
-
-FileReplacement::~FileReplacement() {
-    discard();
-}
+FileReplacement::FileReplacement(fs::path target, std::unique_ptr<UnfinishedFile> beside)
+    : target_(std::move(target)), beside_(std::move(beside)) {}
 
 void FileReplacement::write(std::span<const std::uint8_t> bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR) {
-            fail(errno);
-        }
-        bytes = bytes.subspan(written < 0 ? 0 : static_cast<std::size_t>(written));
-    }
+    bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
 }
 
 void FileReplacement::commit() {
-    if (fsync(descriptor_) != 0 && !beside_.empty()) {
-        fail(errno);
-    }
-    if (close(std::exchange(descriptor_, -1)) != 0) {
-        fail(errno);
-    }
-    if (!beside_.empty()) {
-        if (rename(beside_.c_str(), target_.c_str()) != 0) {
-            fail(errno);
-        }
-        beside_.clear();
-        sync_folder(target_.parent_path());
+    const auto beside = std::move(beside_);
+    if (beside == nullptr || !replace_by(*beside)) {
+        write_in_place();
     }
 }
 
-void FileReplacement::discard() {
-    if (descriptor_ >= 0) {
-        close(std::exchange(descriptor_, -1));
+// False where the system lets the user make files in the folder but not replace this one.
+bool FileReplacement::replace_by(UnfinishedFile& beside) const {
+    if (const std::error_code error = write_all(beside.descriptor(), bytes_)) {
+        fail(error);
     }
-    if (!beside_.empty()) {
-        unlink(std::exchange(beside_, fs::path()).c_str());
+    const std::error_code error = beside.rename_to(target_);
+    if (error && (user_recovery_folder().empty() || !is_about_the_folder(error))) {
+        fail(error);
+    }
+    return !error;
+}
+
+void FileReplacement::write_in_place() const {
+    const bool device = fs::is_character_file(target_);
+    const fs::path copy = device ? fs::path() : copied();
+    if (const std::error_code error = write_over(target_, bytes_)) {
+        fail(error, device ? "" : " A copy of the file as it was is in \"" + copy.string() + "\".");
+    }
+    if (!device) {
+        unlink(copy.c_str());
     }
 }
 
-void FileReplacement::fail(int error) {
-    discard();
+fs::path FileReplacement::copied() const {
+    const fs::path copy_folder = user_recovery_folder();
+    try {
+        return copy_into(copy_folder, target_);
+    } catch (const std::system_error& error) {
+        fail(error.code(), " No copy of the old file could be made in \"" + copy_folder.string() + "\" first.");
+    }
+}
+
+void FileReplacement::fail(const std::error_code& error, const std::string& advice) const {
     throw Fault(FaultKind::write_failed,
-                "The file \"" + target_.string() + "\" could not be written: " + std::strerror(error) + ".");
+                "The file \"" + target_.string() + "\" could not be written: " + error.message() + "." + advice);
 }
 
 } // namespace tessit

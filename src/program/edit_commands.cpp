@@ -4,6 +4,7 @@
 #include "core/app.h"
 #include "device/read_window.h"
 #include "editor/edit_window.h"
+#include "files/list_file.h"
 #include "platform/clipboard.h"
 #include "platform/text.h"
 
@@ -54,8 +55,13 @@ bool App::_EditCut_Action() {
 bool App::_EditPaste_Action() {
     Clipboard clipboard(desktop());
     if (clipboard.TextAvailable()) {
+        const std::string pasted = clipboard.Text();
+        if (pasted.size() > most_list_bytes) {
+            throw Fault(FaultKind::read_failed,
+                        "The text on the clipboard is longer than " + std::to_string(most_list_bytes) + " bytes.");
+        }
         EditField& list = consolidatorWindow->freqdisplayfield;
-        list.SetText(clipboard.Text()); // in place of the whole list, whatever is selected
+        list.SetText(pasted); // in place of the whole list, whatever is selected
         const char last = list.Text().empty() ? '\0' : list.Text().back();
         if (use_euro && last != ':') {
             list.SetText(list.Text() + " :");

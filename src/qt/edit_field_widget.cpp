@@ -14,6 +14,7 @@
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QTextCursor>
 #include <QTimer>
 #include <algorithm>
@@ -93,6 +94,45 @@ void release_stuck_buttons(QWidget& window) {
         }
     });
 }
+
+// Where lines end inside words, a word of many lines is laid out in time that goes by its length alone; where the end
+// of the word is looked for, by its square.
+QTextOption::WrapMode wrap_mode_for(QStringView text) {
+    constexpr int long_word = 1000;
+    int word = 0;
+    for (const QChar character : text) {
+        word = character.isSpace() ? 0 : word + 1;
+        if (word > long_word) {
+            return QTextOption::WrapAnywhere;
+        }
+    }
+    return QTextOption::WrapAtWordBoundaryOrAnywhere;
+}
+
+// Texts are pasted and dropped here, before the field knows of them.
+class TextEdit : public QPlainTextEdit {
+public:
+    TextEdit(EditField& field, QWidget* parent) : QPlainTextEdit(parent), field_(field) {}
+
+protected:
+    void insertFromMimeData(const QMimeData* source) override {
+        const QString text = source->text();
+        if (text.size() > most_pasted_characters) {
+            return field_.window().application().report_soon(
+                Fault(FaultKind::read_failed, "The text is longer than " + Str(most_pasted_characters) +
+                                                  " characters, which is too long for this field."));
+        }
+        if (wrap_mode_for(text) == QTextOption::WrapAnywhere) {
+            setWordWrapMode(QTextOption::WrapAnywhere);
+        }
+        QPlainTextEdit::insertFromMimeData(source);
+    }
+
+private:
+    static constexpr int most_pasted_characters = 4'000'000;
+
+    EditField& field_;
+};
 
 } // namespace
 
@@ -223,7 +263,7 @@ void LineFieldWidget::show_values() {
 }
 
 TextFieldWidget::TextFieldWidget(EditField& field, QWidget& parent)
-    : FieldWidget(field, *new QPlainTextEdit(&parent)), edit_(static_cast<QPlainTextEdit&>(widget())) {
+    : FieldWidget(field, *new TextEdit(field, &parent)), edit_(static_cast<QPlainTextEdit&>(widget())) {
     edit_.setTabChangesFocus(true);
     edit_.setReadOnly(field.own().read_only);
     QTextOption option = edit_.document()->defaultTextOption();
@@ -253,6 +293,10 @@ void TextFieldWidget::show_pending() {
 
 // A long list of numbers is laid out twice as fast without what other scripts need.
 void TextFieldWidget::choose_layout(const QString& text) {
+    if (wrap_mode_for(text) != edit_.wordWrapMode()) {
+        edit_.clear(); // or the old text would be laid out anew
+        edit_.setWordWrapMode(wrap_mode_for(text));
+    }
     constexpr int long_text = 10000;
     const bool simple = text.size() > long_text && std::all_of(text.begin(), text.end(), [](QChar character) {
                             return character.unicode() < 0x80;

@@ -18,6 +18,8 @@ namespace tessit::qt {
 
 namespace {
 
+constexpr std::size_t most_pdf_bytes = 50'000'000;
+
 bool is_pdf(const QString& path) {
     return path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
 }
@@ -30,7 +32,7 @@ QString file_name_of(const FolderItem& item) {
 
 HTMLViewerWidget::HTMLViewerWidget(HTMLViewer& viewer, QWidget& parent)
     : ControlWidget(viewer, *new QWidget(&parent)), viewer_(viewer), row_(*new QWidget(&widget())),
-      pages_(*new QStackedWidget(&widget())), html_(*new QTextBrowser(&pages_)), pdf_(*new PdfPage(pages_)),
+      pages_(*new QStackedWidget(&widget())), html_(*new DocumentBrowser(&pages_)), pdf_(*new PdfPage(pages_)),
       notice_(*new QLabel(&widget())), find_bar_(*new FindBar(widget())) {
     auto* column = new QVBoxLayout(&widget());
     column->setContentsMargins(0, 0, 0, 0);
@@ -147,15 +149,8 @@ void HTMLViewerWidget::show_values() {
 }
 
 void HTMLViewerWidget::show_file(const QString& path, const QString& anchor) {
-    if (!QFileInfo(path).isReadable()) {
-        return show_unreadable(path);
-    }
     if (is_pdf(path)) {
-        if (!pdf_.open(path)) {
-            return show_unreadable(path);
-        }
-        list_headings();
-        return bring_up(pdf_);
+        return show_pdf(path);
     }
     pdf_.close();
     QUrl url = QUrl::fromLocalFile(path);
@@ -170,6 +165,20 @@ void HTMLViewerWidget::show_file(const QString& path, const QString& anchor) {
     bring_up(html_);
 }
 
+void HTMLViewerWidget::show_pdf(const QString& path) {
+    try {
+        FolderItem(QFile::encodeName(path).toStdString())
+            .OpenAsTextFile(most_pdf_bytes); // an ordinary file, not too long
+    } catch (const Fault& fault) {
+        return show_message(unreadable_page(to_widget(fault.what())));
+    }
+    if (!pdf_.open(path)) {
+        return show_message(unreadable_page(QStringLiteral("The file \"%1\" is damaged, or it is no PDF.").arg(path)));
+    }
+    list_headings();
+    bring_up(pdf_);
+}
+
 void HTMLViewerWidget::show_missing() {
     const FolderItem& wanted = viewer_.looked_for().front();
     QString places;
@@ -180,12 +189,6 @@ void HTMLViewerWidget::show_missing() {
                                 "looked for here:</p><ul>%2</ul><p>Put it in one of these places, or install the "
                                 "program again.</p>")
                      .arg(to_widget(wanted.DisplayName()).toHtmlEscaped(), places));
-}
-
-void HTMLViewerWidget::show_unreadable(const QString& path) {
-    show_message(QStringLiteral("<h2>This document can't be shown</h2><p>The file <b>%1</b> can't be read, or it is "
-                                "damaged.</p>")
-                     .arg(path.toHtmlEscaped()));
 }
 
 void HTMLViewerWidget::show_message(const QString& html) {

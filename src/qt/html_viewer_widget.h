@@ -6,12 +6,12 @@
 
 #include "platform/html_viewer.h"
 #include "qt/control_widget.h"
+#include "qt/document_browser.h"
 #include "qt/find_bar.h"
 #include "qt/pdf_page.h"
 
 #include <QLabel>
 #include <QStackedWidget>
-#include <QTextBrowser>
 #include <QToolButton>
 
 namespace tessit::qt {
@@ -30,8 +30,8 @@ private:
     QToolButton& add_button(const char* name, const char* text, const char* what, const std::function<void()>& action);
 
     void show_file(const QString& path, const QString& anchor);
+    void show_pdf(const QString& path);
     void show_missing();
-    void show_unreadable(const QString& path);
     void show_message(const QString& html);
     void bring_up(QWidget& page);
     void follow(const QUrl& link);
@@ -49,7 +49,7 @@ private:
     HTMLViewer& viewer_;
     QWidget& row_;
     QStackedWidget& pages_;
-    QTextBrowser& html_;
+    DocumentBrowser& html_;
     PdfPage& pdf_;
     QLabel& notice_;
     FindBar& find_bar_;

@@ -2,6 +2,7 @@
 #include "qt/qt_desktop.h"
 
 #include "platform/application.h"
+#include "platform/user_folders.h"
 #include "qt/dialogs.h"
 #include "qt/endings.h"
 #include "qt/file_dialogs.h"
@@ -89,9 +90,8 @@ std::optional<FolderItem> QtDesktop::recovery_folder() {
     if (lives_beside_program()) {
         return program_folder().Child("recovery");
     }
-    const QString state = qEnvironmentVariable("XDG_STATE_HOME");
-    return folder_item((QDir::isAbsolutePath(state) ? state : QDir::homePath() + QLatin1String("/.local/state")) +
-                       QLatin1String("/tessit-control/recovery"));
+    const auto own = user_recovery_folder();
+    return own.empty() ? std::nullopt : std::optional(FolderItem(own));
 }
 
 std::vector<FolderItem> QtDesktop::document_folders() {

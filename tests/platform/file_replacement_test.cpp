@@ -8,6 +8,8 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace tessit {
@@ -95,9 +97,29 @@ TEST_F(FileReplacementTest, a_link_stays_a_link_and_its_target_is_replaced_or_ma
     EXPECT_EQ(entries(folder / "elsewhere"), 1);
 }
 
-TEST_F(FileReplacementTest, the_mode_is_kept_and_a_new_file_follows_the_umask) {
+// While it lives, root has no more rights than anybody else.
+struct NoRoot {
+    NoRoot() { become(65534, 0); }
+    ~NoRoot() { become(0, 0); }
+    NoRoot(const NoRoot&) = delete;
+    NoRoot& operator=(const NoRoot&) = delete;
+
+    static void become(uid_t user, uid_t later) {
+        if (was_root()) {
+            EXPECT_EQ(setresuid(user, user, later), 0);
+        }
+    }
+    static bool was_root() {
+        uid_t real = 0;
+        uid_t effective = 0;
+        uid_t saved = 0;
+        return getresuid(&real, &effective, &saved) == 0 && saved == 0;
+    }
+};
+
+TEST_F(FileReplacementTest, what_a_file_has_is_kept_and_a_new_one_follows_the_umask) {
     const auto mode = [&](const char* name) {
-        return static_cast<int>(fs::status(folder / name).permissions() & fs::perms::all);
+        return static_cast<int>(fs::status(folder / name).permissions() & fs::perms::mask);
     };
     write_file(folder / "old", "old");
     fs::permissions(folder / "old", fs::perms(0640));
@@ -107,8 +129,59 @@ TEST_F(FileReplacementTest, the_mode_is_kept_and_a_new_file_follows_the_umask) {
     EXPECT_EQ(umask(mask), 027U); // asking for the mask has not changed it
     EXPECT_EQ(joined(mode("old"), mode("new")), joined(0640, 0640));
     fs::permissions(folder / "old", fs::perms(0666));
+    const bool marked = setxattr((folder / "old").c_str(), "user.mark", "m", 1, 0) == 0; // not every file system can
     save(folder / "old", "new");
     EXPECT_EQ(mode("old"), 0666);
+    EXPECT_EQ(getxattr((folder / "old").c_str(), "user.mark", nullptr, 0) == 1, marked);
+    if (NoRoot::was_root()) {
+        ASSERT_EQ(chown((folder / "old").c_str(), 7, 8), 0);
+        fs::permissions(folder / "old", fs::perms(04652));
+        save(folder / "old", "new");
+        struct stat status = {};
+        stat((folder / "old").c_str(), &status);
+        EXPECT_EQ(joined(status.st_uid, status.st_gid, mode("old")), joined(7, 8, 04652));
+        fs::permissions(folder.path(), fs::perms::all);
+        const NoRoot user;
+        save(folder / "old", "new"); // neither can be kept: the group gets what others have
+        EXPECT_EQ(mode("old"), 0602);
+    }
+}
+
+TEST_F(FileReplacementTest, where_nothing_can_be_made_beside_it_a_file_is_written_in_place_after_a_copy) {
+    const auto closed = folder / "closed";
+    const auto copies = folder / "state/tessit-control/recovery";
+    fs::create_directory(closed);
+    write_file(closed / "a.zp2", "old");
+    fs::permissions(closed / "a.zp2", fs::perms(0666));
+    fs::permissions(closed, fs::perms(0555));
+    fs::permissions(folder.path(), fs::perms::all);
+    const NoRoot user;
+    setenv("XDG_STATE_HOME", closed.c_str(), 1);
+    EXPECT_EQ(kind_of([&] { save(closed / "a.zp2", "new"); }), FaultKind::write_failed); // no place for a copy
+    setenv("XDG_STATE_HOME", (folder / "state").c_str(), 1);
+    save(closed / "a.zp2", "new, long");
+    EXPECT_EQ(joined(file_bytes(closed / "a.zp2"), entries(copies)), "new, long|0");
+    save(closed / "a.zp2", "new");
+    EXPECT_EQ(joined(file_bytes(closed / "a.zp2"), entries(copies)), "new|0");
+    EXPECT_EQ(fs::status(copies).permissions(), fs::perms::owner_all);
+    for (const rlim_t room : {2, 20}) { // for a part of the copy; for the copy and a part of the file
+        const FullDisk full(room);
+        const auto fault = testing::fault_of([&] { save(closed / "a.zp2", std::string(30, 'n')); });
+        ASSERT_TRUE(fault && fault->kind() == FaultKind::write_failed);
+        EXPECT_EQ(joined(file_bytes(closed / "a.zp2").size(), entries(copies)), room == 2 ? "3|0" : "20|1");
+        EXPECT_NE(std::string(fault->what()).find(room == 2 ? "No copy" : copies / "a-"), std::string::npos);
+    }
+    EXPECT_EQ(file_bytes(fs::directory_iterator(copies)->path()), "new");
+    unsetenv("XDG_STATE_HOME");
+}
+
+TEST_F(FileReplacementTest, what_a_dead_process_left_goes_with_the_next_save_and_what_a_live_one_works_on_stays) {
+    write_file(folder / ".tessit-a8Xk2P", "unfinished");
+    write_file(folder / ".tessit-notes", "the user's");
+    const auto live = FileReplacement::create(folder / "b.zp2");
+    save(file, "new");
+    live->commit();
+    EXPECT_EQ(entries(folder.path()), 3);
 }
 
 TEST_F(FileReplacementTest, a_device_is_written_in_place) {

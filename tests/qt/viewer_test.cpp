@@ -4,6 +4,8 @@
 #include "qt/html_viewer_widget.h"
 #include "support/help_window.h"
 
+#include <sys/stat.h>
+
 namespace tessit::qt {
 
 namespace {
@@ -245,6 +247,34 @@ TEST_F(Viewer, scrolls_zooms_and_copies_by_keys) {
     EXPECT_NE(copied.indexOf("third generator"), -1);
     model.on_edit(EditCommand::paste); // a document is only read
     model.on_edit(EditCommand::cut);
+}
+
+TEST_F(Viewer, opens_no_pipe_and_no_device_and_lays_out_nothing_out_of_bounds) {
+    const auto pipe = [this](const char* name) {
+        const QByteArray path = QFile::encodeName(desktop.folder.filePath(name));
+        QFile::remove(path);
+        EXPECT_EQ(mkfifo(path, 0600), 0);
+    };
+    const std::pair<QByteArray, const char*> pages[] = {
+        {R"(<head><link rel="stylesheet" href="pipe"></head><body><img src="pipe"><img src="/dev/zero">shown)",
+         "shown"},
+        {QByteArray("<table><tr><td>").repeated(6), "too deeply nested"},
+        {QByteArray("<b></i>").repeated(51), "too deeply nested"},
+        {"<table>" + QByteArray("<tr>").repeated(100) + "<td colspan=\"60\">", "its tables are too large"},
+        {QByteArray(2001, 'x'), "too deeply nested"},
+        {QByteArray(100'001, ' '), "It is longer than 100000 bytes"},
+    };
+    pipe("pipe");
+    for (const auto& [page, text] : pages) {
+        write_text(desktop.folder.filePath("HELP.html"), page);
+        open("HelpOpenHelpFile");
+        EXPECT_NE(html().toPlainText().indexOf(text), -1) << text;
+    }
+    for (const char* name : {"HELP.html", "manual.pdf"}) {
+        pipe(name);
+        open(QLatin1String(name) == "HELP.html" ? "HelpOpenHelpFile" : "HelpDisplayManual");
+        EXPECT_NE(html().toPlainText().indexOf("Is a pipe"), -1) << name;
+    }
 }
 
 TEST_F(Viewer, tells_where_it_looked_for_a_missing_document) {
