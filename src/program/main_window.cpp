@@ -30,13 +30,14 @@ void MainWindow::Event_Open() {
     app.uName = deployment::account_name;
     app.port = truncate(app.port * 18.6); // 25 becomes 465; done here and nowhere else
     app.guarded("Window1.Event_Open", [this] { take_settings(read_settings_file()); });
+    app.known_settings.fields = settings_fields(app);
     app.datareset();
     StatusField.SetText("");
     StatusField.SetVisible(false);
 }
 
 void MainWindow::TCPSocket1_SendComplete() {
-    app.ContactPopUp->Show();
+    app.ContactPopUp->thank();
 }
 
 void MainWindow::complete_credentials() {
