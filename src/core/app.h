@@ -110,7 +110,8 @@ public:
     // program: start and end, doors for the windows below, the commands on whole documents.
     void start();                  // the entry's steps: binds the menu commands and opens Window1
     void save_settings_and_quit(); // a fault in the saving is shown and does not keep the program running
-    void savesettings();
+    void savesettings();           // whatever the file holds by now
+    void savesettings_at_end();    // leaves in the file what another program has changed there
     bool getrts() { return false; }
 
     Serial& serial_line(); // the one line of the program
@@ -156,6 +157,8 @@ protected:
     void fault_caught() override; // the progress notice must not outlive the command that raised it
 
 private:
+    bool settings_can_be_saved();
+    void write_settings(const std::string& line);
     void _ApplicationAddMenuHandlers();
 };
 

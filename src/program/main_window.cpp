@@ -54,15 +54,18 @@ void MainWindow::show_version() {
 std::string MainWindow::read_settings_file() {
     const FolderItem file = app.GetFolderItem(settings_file_name);
     if (!file.Exists()) {
+        const std::string line = first_run_settings(app.filepath->AbsolutePath());
         auto stream = file.CreateTextFile();
-        stream->WriteLine(first_run_settings(app.filepath->AbsolutePath()));
+        stream->WriteLine(line);
         stream->Close();
+        app.known_settings.file = line + "\n";
         return ""; // so the very first start finds no settings either
     }
     StatusField.SetVisible(true);
     StatusField.SetText("Loading Configuration Settings");
     StatusField.Refresh();
-    return file.OpenAsTextFile()->ReadAll();
+    app.known_settings.file = file.OpenAsTextFile()->ReadAll();
+    return *app.known_settings.file;
 }
 
 void MainWindow::take_settings(const std::string& text) {

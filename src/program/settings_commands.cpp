@@ -8,19 +8,46 @@
 
 namespace tessit {
 
+namespace {
+
+// None where it is missing or can't be read.
+std::optional<std::string> content_of(const FolderItem& file) {
+    try {
+        return file.Exists() ? std::optional(file.OpenAsTextFile()->ReadAll()) : std::nullopt;
+    } catch (const Fault&) {
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
 void App::savesettings() {
+    if (settings_can_be_saved()) {
+        write_settings(settings_text(*this));
+    }
+}
+
+void App::savesettings_at_end() {
+    if (settings_can_be_saved()) {
+        if (const auto line = settings_at_end(*this, content_of(GetFolderItem(settings_file_name)))) {
+            write_settings(*line);
+        }
+    }
+}
+
+// After an open dialog was dismissed nothing is saved, and nothing said.
+bool App::settings_can_be_saved() {
     settings_window.Close();
     SetPreferencesWindow.Close();
-    const FolderItem folder = GetFolderItem("");
     settings_window->outputfield.SetText("serial port," + Str(portnum));
-    if (!filepath) {
-        return; // an open dialog was dismissed: nothing is saved, and nothing said
-    }
-    if (folder.Exists()) {
-        auto stream = GetFolderItem(settings_file_name).CreateTextFile();
-        stream->WriteLine(settings_text(*this));
-        stream->Close();
-    }
+    return filepath && GetFolderItem("").Exists();
+}
+
+void App::write_settings(const std::string& line) {
+    auto stream = GetFolderItem(settings_file_name).CreateTextFile();
+    stream->WriteLine(line);
+    stream->Close();
+    known_settings = {.file = line + "\n", .fields = settings_fields(*this)};
 }
 
 bool App::_SettingsSaveSettings_Action() {
