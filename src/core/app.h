@@ -112,9 +112,9 @@ public:
     // program: start and end, doors for the windows below, the commands on whole documents.
     void start();                  // the entry's steps: binds the menu commands and opens Window1
     void save_settings_and_quit(); // a fault in the saving is shown and does not keep the program running
-    void savesettings();
-    void write_settings(); // the file alone
-    bool offer_recovery(); // what an earlier program left behind; true where it was restored
+    void savesettings();           // whatever the file holds by now
+    void savesettings_at_end();    // leaves in the file what another program has changed there
+    bool offer_recovery();         // of what an earlier program left behind; true where it was restored
     void ended_by_system() override;
     bool session_may_end() override;
     bool getrts() { return false; }
@@ -164,6 +164,10 @@ protected:
     void fault_caught() override; // the progress notice must not outlive the command that raised it
 
 private:
+    void close_settings_windows();
+    bool settings_can_be_saved() const;
+    void write_settings(const std::string& line);
+    void write_settings_at_end();
     void _ApplicationAddMenuHandlers();
 
     std::unique_ptr<UnsavedWork> unsaved_work_; // null: it is not kept

@@ -26,6 +26,12 @@ inline constexpr std::int32_t composer = 3;
 inline constexpr std::int32_t reader = 4;
 } // namespace document
 
+// The settings as this program last read or wrote them: another one may change their file while it runs.
+struct KnownSettings {
+    std::optional<std::string> file; // its text; none where it could not be read
+    std::vector<std::string> fields; // the program's own at that time
+};
+
 struct AppState : RegisterImage {
     // Device link.
     bool serialselected = false; // a port has been chosen; by start-up and settings_window
@@ -81,6 +87,7 @@ struct AppState : RegisterImage {
     std::string default_wp_time_s = "10";
     std::string default_wp_time_ms = ":10";
     std::int32_t default_timeformat = 1; // 1: minutes and seconds, 0: seconds
+    KnownSettings known_settings;
 
     // Printing.
     Array<std::string> cwidth;          // column widths in points, as text

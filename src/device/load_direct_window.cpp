@@ -42,10 +42,7 @@ bool App::_ZephonLoadDirect_Action() {
     if (!serialselected) {
         MsgBox("No Serial Port Selected"); // and goes on
     }
-    Serial& line = serial_line();
-    if (line.Open()) {
-        load_direct_window->connectField.SetText(connected_text(line));
-    }
+    tell_of_port(serial_line(), load_direct_window->connectField);
     load_direct_window->bank_bt0.SetEnabled(true);
     load_direct_window->bank_bt1.SetEnabled(true);
     return true;

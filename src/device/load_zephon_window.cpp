@@ -13,10 +13,7 @@ void LoadZephonWindow::Event_Open() {
         app.MsgBox("No Serial Port Selected");
         return Close();
     }
-    Serial& line = app.serial_line();
-    if (line.Open()) {
-        connectfield.SetText(connected_text(line));
-    }
+    tell_of_port(app.serial_line(), connectfield);
 }
 
 bool LoadZephonWindow::cb1_MouseDown() {

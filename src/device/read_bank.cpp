@@ -3,6 +3,7 @@
 #include "core/app.h"
 #include "device/read_window.h"
 #include "device/reading.h"
+#include "device/settings_window.h"
 #include "level/decoder.h"
 #include "platform/text.h"
 
@@ -23,7 +24,7 @@ void App::getdata() {
     line.Flush();
     line.ReadByte();
     if (receive_bank(desktop().clock(), line, *stream) == ReadingEnd::no_connection) {
-        MsgBox("No Connection Found");
+        ShowModal({.Message = "No Connection Found", .Explanation = in_use_text(line)});
         return stream->Close(); // the file stays behind, empty
     }
     stream->Close();

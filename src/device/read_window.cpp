@@ -21,10 +21,7 @@ void ReadWindow::Event_Open() {
     if (!app.serialselected) {
         return app.MsgBox("No Serial Port Selected"); // and the window stays empty
     }
-    Serial& line = app.serial_line();
-    if (line.Open()) {
-        connectfield.SetText(connected_text(line));
-    }
+    tell_of_port(app.serial_line(), connectfield);
     (app.use_euro ? isoDecimal : naDecimal).SetValue(true);
     messagebox.SetText("Click the Read button.\r"
                        "Press 5 then 2 on Zephon to select transfer single bank\r"
@@ -50,9 +47,7 @@ void ReadWindow::Readbutton_Action() {
         app.MsgBox("No Serial Port Selected");
     }
     Serial& line = app.serial_line();
-    if (line.Open()) {
-        app.load_direct_window->connectField.SetText(connected_text(line)); // that window's field, not this one's
-    }
+    tell_of_port(line, app.load_direct_window->connectField); // that window's field, not this one's
     app.getdata();
     app.changed = true; // also when no generator answered
     app.readchanged = true;

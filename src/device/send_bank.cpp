@@ -6,6 +6,7 @@
 #include "device/load_direct_window.h"
 #include "device/load_zephon_window.h"
 #include "device/loading.h"
+#include "device/settings_window.h"
 #include "platform/text.h"
 
 namespace tessit {
@@ -41,7 +42,7 @@ void App::sendzephon() {
     const LoadingResult result = load_bank(desktop().clock(), serial_line(), *this, bank);
     StaticText& completion = loadfile ? loadzephonWindow->zephonloadcomplete : load_direct_window->loadcompleted;
     if (const std::string failure = failure_message(*this, result, bank); !failure.empty()) {
-        MsgBox(failure);
+        ShowModal({.Message = failure, .Explanation = in_use_text(serial_line())});
         completion.SetVisible(false);
         return popupwindow.Close();
     }

@@ -2,6 +2,7 @@
 #include "device/settings_window.h"
 
 #include "core/enable_rules.h"
+#include "platform/text.h"
 
 namespace tessit {
 
@@ -9,7 +10,25 @@ namespace {
 
 constexpr int choosable_ports = 4; // the others are listed, and choosing them leaves the port as it was
 
+std::string words_on(const PortHolder& holder) {
+    return "in use by " + (holder.program.empty() ? "another program" : holder.program) + ", process " +
+           Str(holder.process);
+}
+
 } // namespace
+
+std::string in_use_text(const Serial& line) {
+    const auto holder = line.other_holder();
+    return holder ? "The port is " + words_on(*holder) + "." : "";
+}
+
+void tell_of_port(Serial& line, EditField& field) {
+    if (line.Open()) {
+        field.SetText(connected_text(line));
+    } else if (const auto holder = line.other_holder()) {
+        field.SetText("Port " + words_on(*holder)); // short: the number must be seen
+    }
+}
 
 void SettingsWindow::Event_Open() {
     list_ports();
@@ -39,7 +58,8 @@ void SettingsWindow::Serial_box_Change() {
         app.portnum = port;
     }
     if (!line.Open()) {
-        return app.MsgBox("The Serial Port Could Not Be Opened");
+        app.ShowModal({.Message = "The Serial Port Could Not Be Opened", .Explanation = in_use_text(line)});
+        return;
     }
     set_up(line);
     connectField.SetText(connected_text(line));

@@ -17,6 +17,12 @@ inline std::string connected_text(const Serial& line) {
     return "Serial Port:  " + line.SerialPort().Name + "  Connected";
 }
 
+// "The port is in use by minicom, process 708."; empty where no other program is known to have the port.
+std::string in_use_text(const Serial& line);
+
+// Opens the line and says in the field that it is usable, or who has it. What the field says else stays.
+void tell_of_port(Serial& line, EditField& field);
+
 class SettingsWindow : public Window {
 public:
     explicit SettingsWindow(App& owner)

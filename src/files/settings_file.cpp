@@ -4,6 +4,8 @@
 #include "level/number.h"
 #include "platform/text.h"
 
+#include <numeric>
+
 namespace tessit {
 
 namespace {
@@ -61,22 +63,63 @@ std::string field(const char* key, const std::string& value) {
     return std::string(key) + "," + value + ";";
 }
 
+std::string line_of(const std::vector<std::string>& fields) {
+    return std::accumulate(fields.begin(), fields.end(), std::string());
+}
+
+// As the next start would read them: up to a key without a value, and with the default for what is missing.
+std::vector<std::string> fields_of(const std::string& file) {
+    AppState state;
+    try {
+        for (const std::string& part : Split(file, ";")) {
+            if (const auto items = Split(part, ","); items.count() > 0) {
+                apply_setting(state, items);
+            }
+        }
+    } catch (const Fault&) {
+    }
+    return settings_fields(state);
+}
+
 } // namespace
 
 std::string first_run_settings(const std::string& program_folder) {
     return "serial port,X,filepath," + program_folder;
 }
 
-std::string settings_text(const AppState& state) {
-    std::string text = field(serial_port_key, Str(state.portnum));
+std::vector<std::string> settings_fields(const AppState& state) {
+    std::vector<std::string> fields{field(serial_port_key, Str(state.portnum))};
     for (const auto& setting : list_settings) {
-        text += field(setting.key, Str(state.*setting.property));
+        fields.push_back(field(setting.key, Str(state.*setting.property)));
     }
     for (const auto& setting : text_settings) {
-        text += field(setting.key, state.*setting.property);
+        fields.push_back(field(setting.key, state.*setting.property));
     }
-    text += field(time_format_setting.key, Str(state.*time_format_setting.property));
-    return text + field(use_euro_key, state.use_euro ? "True" : "False");
+    fields.push_back(field(time_format_setting.key, Str(state.*time_format_setting.property)));
+    fields.push_back(field(use_euro_key, state.use_euro ? "True" : "False"));
+    return fields;
+}
+
+std::string settings_text(const AppState& state) {
+    return line_of(settings_fields(state));
+}
+
+std::optional<std::string> settings_at_end(const AppState& state, const std::optional<std::string>& file) {
+    const KnownSettings& known = state.known_settings;
+    const std::vector<std::string> own = settings_fields(state);
+    if (!file || !known.file || *file == *known.file) {
+        return line_of(own);
+    }
+    if (own == known.fields) {
+        return std::nullopt;
+    }
+    std::vector<std::string> fields = fields_of(*file);
+    for (std::size_t at = 0; at < fields.size(); ++at) {
+        if (own[at] != known.fields[at]) {
+            fields[at] = own[at];
+        }
+    }
+    return line_of(fields);
 }
 
 SettingEffect apply_setting(AppState& state, const Array<std::string>& items) {

@@ -5,7 +5,9 @@
 #include "core/app_state.h"
 #include "platform/array.h"
 
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace tessit {
 
@@ -14,8 +16,14 @@ inline constexpr const char* settings_file_name = "ZP2Settings.fig";
 // The one line of a program that never saved its settings. The folder is written and never read.
 std::string first_run_settings(const std::string& program_folder);
 
-// All fourteen fields in their order, without a line end.
+// All fourteen fields "key,value;" in their order, and as a line without its end.
+std::vector<std::string> settings_fields(const AppState& state);
 std::string settings_text(const AppState& state);
+
+// The line to be saved at the program's end, `file` being what the file holds by then. Where another program has
+// changed it since `state.known_settings`, its fields stay but for those that this program has changed too; none where
+// there are none of these: the file is left alone.
+std::optional<std::string> settings_at_end(const AppState& state, const std::optional<std::string>& file);
 
 enum class SettingEffect { none, serial_port_chosen };
 

@@ -123,4 +123,14 @@ std::vector<SerialPort> announced_ports() {
     return ports;
 }
 
+bool announcement_holds(const SerialPort& port) {
+    const fs::path link = port.device;
+    const auto folder = announcement_folder();
+    if (!folder || link.parent_path() != *folder) {
+        return true; // a port of the system
+    }
+    const FolderTurn turn(*folder);
+    return generator_runs(link);
+}
+
 } // namespace tessit

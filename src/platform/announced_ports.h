@@ -37,4 +37,7 @@ private:
 // In alphabetical order. Links whose device is gone are left out; those whose generator is gone are removed.
 std::vector<SerialPort> announced_ports();
 
+// False for a port that was listed above and whose generator is gone by now: its device may be another's already.
+bool announcement_holds(const SerialPort& port);
+
 } // namespace tessit

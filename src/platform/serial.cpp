@@ -23,6 +23,10 @@ void Serial::Close() {
     line_.reset();
 }
 
+std::optional<PortHolder> Serial::other_holder() const {
+    return is_open() ? std::nullopt : ports_.holder(port_);
+}
+
 void Serial::Write(std::span<const std::uint8_t> bytes) {
     if (line_ != nullptr) {
         line_->write(bytes);

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -45,6 +46,12 @@ public:
     virtual void reset() = 0;                                    // empties both directions
 };
 
+// The program that has a port, as far as the system tells.
+struct PortHolder {
+    std::string program;
+    int process = 0;
+};
+
 class SerialPorts {
 public:
     virtual ~SerialPorts() = default;
@@ -52,6 +59,7 @@ public:
     virtual std::vector<SerialPort> list() = 0;
     // Null when the port can't be opened (absent, busy, no right).
     virtual std::unique_ptr<SerialLine> open(const SerialPort& port, const SerialSettings& settings) = 0;
+    virtual std::optional<PortHolder> holder(const SerialPort&) { return std::nullopt; }
 };
 
 class Serial {
@@ -64,6 +72,7 @@ public:
     bool Open(); // true on success; on a line that is open and alive it does nothing and is true
     void Close();
     bool is_open() const { return line_ != nullptr; }
+    std::optional<PortHolder> other_holder() const; // none while the line is open
 
     void Write(std::span<const std::uint8_t> bytes);
     void Write(std::uint8_t byte) { Write({&byte, 1}); }

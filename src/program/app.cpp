@@ -58,7 +58,7 @@ DocumentWindow* App::open_document() {
 }
 
 void App::save_settings_and_quit() {
-    guarded("App.savesettings", [this] { savesettings(); });
+    guarded("App.savesettings", [this] { savesettings_at_end(); });
     Quit();
 }
 

@@ -30,13 +30,14 @@ void MainWindow::Event_Open() {
     app.uName = deployment::account_name;
     app.port = truncate(app.port * 18.6); // 25 becomes 465; done here and nowhere else
     app.guarded("Window1.Event_Open", [this] { take_settings(read_settings_file()); });
+    app.known_settings.fields = settings_fields(app);
     app.datareset();
     StatusField.SetText("");
     StatusField.SetVisible(false);
 }
 
 void MainWindow::TCPSocket1_SendComplete() {
-    app.ContactPopUp->Show();
+    app.ContactPopUp->thank();
 }
 
 void MainWindow::complete_credentials() {
@@ -53,15 +54,18 @@ void MainWindow::show_version() {
 std::string MainWindow::read_settings_file() {
     const FolderItem file = app.GetFolderItem(settings_file_name);
     if (!file.Exists()) {
+        const std::string line = first_run_settings(app.filepath->AbsolutePath());
         auto stream = file.CreateTextFile();
-        stream->WriteLine(first_run_settings(app.filepath->AbsolutePath()));
+        stream->WriteLine(line);
         stream->Close();
+        app.known_settings.file = line + "\n";
         return ""; // so the very first start finds no settings either
     }
     StatusField.SetVisible(true);
     StatusField.SetText("Loading Configuration Settings");
     StatusField.Refresh();
-    return file.OpenAsTextFile()->ReadAll();
+    app.known_settings.file = file.OpenAsTextFile()->ReadAll();
+    return *app.known_settings.file;
 }
 
 void MainWindow::take_settings(const std::string& text) {

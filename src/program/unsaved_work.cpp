@@ -186,7 +186,7 @@ void App::is_saved(const DocumentWindow& document) {
 
 void App::ended_by_system() {
     try {
-        write_settings();
+        write_settings_at_end();
     } catch (const Fault&) { // nobody is left to be told
     }
     if (unsaved_work_ != nullptr) {

@@ -4,10 +4,12 @@
 #include "platform/application.h"
 #include "platform/user_folders.h"
 #include "qt/dialogs.h"
+#include "qt/earlier_input.h"
 #include "qt/endings.h"
 #include "qt/file_dialogs.h"
 #include "qt/logo.h"
 #include "qt/look.h"
+#include "qt/shared_palettes.h"
 #include "qt/widget_text.h"
 
 #include <QClipboard>
@@ -52,6 +54,7 @@ bool GuiApplication::notify(QObject* receiver, QEvent* event) {
 }
 
 QtDesktop::QtDesktop() : clock_([this] { repaint_uncovered(); }) {
+    QApplication::setStyle(new SharedPalettes(QApplication::style()->name()));
     QApplication::setFont(application_font());
     QApplication::setQuitOnLastWindowClosed(false); // the program decides when it ends
     QApplication::setWindowIcon(QIcon(logo({64, 64}, 2)));
@@ -105,6 +108,7 @@ std::vector<FolderItem> QtDesktop::document_folders() {
 
 DialogAnswer QtDesktop::show_dialog(const MessageDialog& dialog) {
     put_waiting_on_screen();
+    drop_earlier_input();
     return qt::show_dialog(active_widget(), dialog);
 }
 
@@ -125,6 +129,7 @@ std::unique_ptr<Graphics> QtDesktop::choose_printer() {
 
 void QtDesktop::show_fault(const FaultReport& report) {
     put_waiting_on_screen();
+    drop_earlier_input();
     qt::show_fault(active_widget(), report);
 }
 

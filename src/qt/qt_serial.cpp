@@ -2,6 +2,7 @@
 #include "qt/qt_serial.h"
 
 #include "platform/announced_ports.h"
+#include "platform/port_lock.h"
 
 #include <QSerialPort>
 #include <QSerialPortInfo>
@@ -13,7 +14,8 @@ namespace tessit::qt {
 
 namespace {
 
-constexpr int moment = 250; // milliseconds; nobody plugs in a port and looks for it sooner
+constexpr qint64 most_waiting = 65536; // bytes; what is older is no answer to anything
+constexpr int moment = 250;            // milliseconds; nobody plugs in a port and looks for it sooner
 
 QSerialPort::Parity parity_of(SerialParity parity) {
     switch (parity) {
@@ -39,10 +41,15 @@ public:
         port_.setPortName(QString::fromStdString(device));
         QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
                          [this](QSerialPort::SerialPortError error) { failed(error); });
+        QObject::connect(&port_, &QSerialPort::readyRead, &port_, [this] { forget_the_oldest(); });
     }
 
     bool open(const SerialSettings& settings) {
         if (port_.portName().isEmpty() || !port_.open(QIODevice::ReadWrite)) {
+            return false;
+        }
+        if (!lock_port(static_cast<int>(port_.handle()))) {
+            port_.close();
             return false;
         }
         watch_for_hang_up();
@@ -102,6 +109,13 @@ public:
     }
 
 private:
+    // A line that talks while nobody reads must not fill the memory.
+    void forget_the_oldest() {
+        if (const qint64 waiting = port_.bytesAvailable(); waiting > most_waiting) {
+            port_.skip(waiting - most_waiting);
+        }
+    }
+
     // Qt 6.8 and later read the end of a line that hung up for ever and tell of no error. The system tells.
     void watch_for_hang_up() {
         hang_up_ = std::make_unique<QSocketNotifier>(port_.handle(), QSocketNotifier::Exception);
@@ -159,10 +173,14 @@ const std::vector<SerialPort>& QtSerialPorts::system_ports() {
 
 std::unique_ptr<SerialLine> QtSerialPorts::open(const SerialPort& port, const SerialSettings& settings) {
     auto line = std::make_unique<QtSerialLine>(port.device);
-    if (!line->open(settings)) {
+    if (!announcement_holds(port) || !line->open(settings)) {
         return nullptr;
     }
     return line;
+}
+
+std::optional<PortHolder> QtSerialPorts::holder(const SerialPort& port) {
+    return lock_holder(port);
 }
 
 } // namespace tessit::qt

@@ -13,6 +13,7 @@ class QtSerialPorts : public SerialPorts {
 public:
     std::vector<SerialPort> list() override;
     std::unique_ptr<SerialLine> open(const SerialPort& port, const SerialSettings& settings) override;
+    std::optional<PortHolder> holder(const SerialPort& port) override;
 
 private:
     const std::vector<SerialPort>& system_ports();

@@ -5,12 +5,15 @@
 #include <QHostAddress>
 #include <QNetworkProxy>
 #include <QTcpSocket>
+#include <QTimer>
 
 namespace tessit::qt {
 
 namespace {
 
 constexpr int most_waiting = 1 << 20; // bytes; a server that never ends its line can't fill the memory
+constexpr int told_at_once = 64;      // arrivals; several mails have no more
+constexpr int pause = 1'000;          // milliseconds between further ones: refusing for ever is as good slowly
 
 class QtSocketLine : public SocketLine {
 public:
@@ -21,7 +24,9 @@ public:
             QObject::connect(&socket_, signal, &socket_, [this, notice] { tell(notice); });
         };
         on(&QTcpSocket::connected, &SocketOwner::connected);
-        on(&QTcpSocket::readyRead, &SocketOwner::data_available);
+        QObject::connect(&socket_, &QTcpSocket::readyRead, &socket_, [this] { arrived(); });
+        pause_.setSingleShot(true);
+        QObject::connect(&pause_, &QTimer::timeout, &socket_, [this] { tell(&SocketOwner::data_available); });
         on(&QTcpSocket::errorOccurred, &SocketOwner::failed); // also when the other side ends the connection
         QObject::connect(&socket_, &QTcpSocket::bytesWritten, &socket_, [this] {
             if (socket_.bytesToWrite() == 0) {
@@ -54,6 +59,18 @@ public:
 private:
     using Notice = void (SocketOwner::*)();
 
+    void arrived() {
+        if (socket_.bytesAvailable() >= most_waiting) {
+            socket_.abort();
+            tell(&SocketOwner::failed);
+        } else if (arrivals_ < told_at_once) {
+            ++arrivals_;
+            tell(&SocketOwner::data_available);
+        } else if (!pause_.isActive()) {
+            pause_.start(pause);
+        }
+    }
+
     void tell(Notice notice) {
         const std::weak_ptr<SocketOwner*> owner = alive_;
         const auto call = [owner, notice] {
@@ -67,6 +84,8 @@ private:
     SocketOwner& owner_;
     const std::shared_ptr<SocketOwner*> alive_ = std::make_shared<SocketOwner*>(&owner_); // goes with this line
     QTcpSocket socket_;
+    QTimer pause_; // while something has arrived that is not told yet
+    int arrivals_ = 0;
 };
 
 } // namespace

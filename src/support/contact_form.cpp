@@ -27,7 +27,7 @@ void ContactUsForm::ContactSubmitButton_Action() {
 
 // The first command that has gone out brings it up, long before the server has taken the mail.
 void ContactUsForm::contactSocket_SendComplete() {
-    app.ContactPopUp->Show();
+    app.ContactPopUp->thank();
 }
 
 } // namespace tessit

@@ -25,7 +25,7 @@ void FeedbackForm::PushButton1_Action() {
 
 // The first command that has gone out brings it up, long before the server has taken the mail.
 void FeedbackForm::feedbackSocket_SendComplete() {
-    app.feedbackPopup->Show();
+    app.feedbackPopup->thank();
 }
 
 } // namespace tessit

@@ -20,7 +20,7 @@ void OnlineHelpForm::PushButton1_Action() {
 
 // The first command that has gone out brings it up, long before the server has taken the mail.
 void OnlineHelpForm::onlinehelpSocket_SendComplete() {
-    app.onlinehelpPopup->Show();
+    app.onlinehelpPopup->thank();
 }
 
 } // namespace tessit

@@ -34,6 +34,13 @@ ThanksPopup::ThanksPopup(App& owner, const ThanksDesign& design)
                   {.caption = "OK", .on_action = [this] { PushButton1_Action(); }}),
       app(owner) {}
 
+// Each command that goes out to a server asks for it.
+void ThanksPopup::thank() {
+    if (!Visible()) {
+        Show();
+    }
+}
+
 void FeedbackPopup::PushButton1_Action() {
     Close();
     app.FeedbackWindow.Close();

@@ -35,6 +35,8 @@ public:
     StaticText StaticText2;
     PushButton PushButton1;
 
+    void thank(); // comes up; where it is up already, it leaves the window in front that is there
+
 protected:
     virtual void PushButton1_Action() = 0;
 

@@ -115,6 +115,21 @@ TEST_F(LoadTest, a_port_that_does_not_open_says_so_and_another_choice_works) {
     EXPECT_TRUE(app.serialselected);
 }
 
+TEST_F(LoadTest, a_port_that_another_program_has_is_told_with_its_holder) {
+    struct TakenPorts : SerialPorts {
+        std::vector<SerialPort> list() override { return {{"ttyUSB0", "taken"}}; }
+        std::unique_ptr<SerialLine> open(const SerialPort&, const SerialSettings&) override { return nullptr; }
+        std::optional<PortHolder> holder(const SerialPort&) override { return PortHolder{"minicom", 708}; }
+    } taken;
+    desktop.connect(taken);
+    desktop.expect_message("The Serial Port Could Not Be Opened");
+    desktop.expect_message("No Serial Port Selected");
+    load_bank_7_failing({}, "No Connection Found");
+    EXPECT_EQ(app.load_direct_window->connectField.Text(), "Port in use by minicom, process 708");
+    EXPECT_EQ(joined(desktop.dialogs.front().Explanation, desktop.dialogs.back().Explanation),
+              "The port is in use by minicom, process 708.|The port is in use by minicom, process 708.");
+}
+
 TEST_F(LoadTest, a_table_goes_to_its_bank_and_the_generator_has_nothing_to_complain_about) {
     load_bank_7();
     EXPECT_EQ(stored(generator, 7, 1), "00 1e 96 08 00 03 15 07 00 00 01 24 ff ff ff ff");

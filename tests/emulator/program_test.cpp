@@ -296,7 +296,7 @@ TEST_F(EmulatorProgram, announcement_comes_and_goes_however_the_program_ends) {
     }
 }
 
-TEST_F(EmulatorProgram, link_of_a_killed_generator_is_not_listed_and_its_name_is_free) {
+TEST_F(EmulatorProgram, link_of_a_killed_generator_is_neither_listed_nor_opened_and_its_name_is_free) {
     for (const bool listed_between : {false, true}) {
         Child killed;
         killed.start();
@@ -306,12 +306,14 @@ TEST_F(EmulatorProgram, link_of_a_killed_generator_is_not_listed_and_its_name_is
         fs::create_symlink("/dev/null", link()); // its terminal's number is another's now
         if (listed_between) {
             EXPECT_TRUE(announced_ports().empty());
-            EXPECT_TRUE(fs::is_empty(link().parent_path()));
+        } else {
+            EXPECT_FALSE(announcement_holds({"listed before", link().string()}));
         }
+        EXPECT_TRUE(fs::is_empty(link().parent_path()));
         Child child;
         child.start();
         EXPECT_EQ(fs::read_symlink(link()), child.device);
-        EXPECT_EQ(announced_ports().size(), 1u);
+        EXPECT_TRUE(announced_ports().size() == 1 && announcement_holds(announced_ports()[0]));
     }
 }
 

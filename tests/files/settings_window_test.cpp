@@ -2,6 +2,7 @@
 // The settings file from the program's start to its end.
 #include "device/load_direct_window.h"
 #include "device/settings_window.h"
+#include "platform/text.h"
 #include "support/full_disk.h"
 #include "support/program.h"
 
@@ -159,6 +160,26 @@ TEST_F(Settings, both_ways_out_save_and_quit) {
     app->choose_menu("FileExitProgram");
     EXPECT_TRUE(desktop.has_quit);
     EXPECT_EQ(file_bytes(file), default_settings);
+}
+
+TEST_F(Settings, the_end_of_one_program_keeps_what_another_has_saved_meanwhile) {
+    const std::string theirs = "rate,8;dutycycle,3;";
+    const std::tuple<const char*, std::function<void()>, std::string> cases[] = {
+        {"nothing changed here", [] {}, theirs},
+        {"one changed here", [&] { app->defaultduty = 5; },
+         Replace(Replace(default_settings, "dutycycle,7", "dutycycle,5"), "rate,1", "rate,8")},
+        {"a text with the file's own marks", [&] { app->default_rate = "1;2"; },
+         Replace(Replace(default_settings, "dutycycle,7", "dutycycle,3"), "rate,1", "rate,1;2")},
+        {"saved by command", [&] { app->savesettings(); }, default_settings},
+        {"gone", [&] { fs::remove(file); }, default_settings}};
+    for (const auto& [what, change, left] : cases) {
+        SCOPED_TRACE(what);
+        start_with(quiet_settings);
+        write_file(file, theirs);
+        change();
+        app->Window1->close_by_user();
+        EXPECT_EQ(file_bytes(file), left);
+    }
 }
 
 TEST_F(Settings, settings_that_cannot_be_written_are_told_and_the_program_quits) {

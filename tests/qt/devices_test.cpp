@@ -5,8 +5,11 @@
 
 #include <QAbstractEventDispatcher>
 #include <QDeadlineTimer>
+#include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
 #include <fcntl.h>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <pty.h>
 #include <termios.h>
@@ -37,6 +40,14 @@ public:
     }
     void send(const std::string& bytes) const {
         EXPECT_EQ(write(master_, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+    }
+    // While the event loop runs, which takes what the buffer between the two ends can't hold.
+    void send_in_pieces(std::string_view bytes) const {
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            const ssize_t count = write(master_, bytes.data(), std::min<std::size_t>(bytes.size(), 4'000));
+            bytes.remove_prefix(count < 0 ? 0 : static_cast<std::size_t>(count));
+            return bytes.empty();
+        }));
     }
     std::size_t take(std::size_t most) const {
         std::string buffer(most, '\0');
@@ -125,13 +136,34 @@ TEST(QtSerial, a_hang_up_is_seen_and_costs_nothing) {
     EXPECT_EQ(ports.open(device.port, {}), nullptr);
 }
 
+TEST(QtSerial, what_nobody_reads_does_not_pile_up_and_the_newest_stays) {
+    PseudoTerminal device;
+    QtSerialPorts ports;
+    const auto line = ports.open(device.port, {});
+    ASSERT_NE(line, nullptr);
+    device.send_in_pieces(std::string(200'000, 'x') + "!");
+    std::string text;
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        const auto bytes = line->read(200'000);
+        text.append(bytes.begin(), bytes.end());
+        return text.ends_with('!');
+    }));
+    EXPECT_LT(text.size(), 100'000U);
+}
+
 TEST(QtSerial, one_line_at_a_time_and_again_after_closing) {
     PseudoTerminal device;
     QtSerialPorts ports;
     auto line = ports.open(device.port, {});
     ASSERT_NE(line, nullptr);
     EXPECT_EQ(ports.open(device.port, {}), nullptr);
+    const QTemporaryDir folder; // under another name it is the same port
+    const SerialPort link{"link", folder.filePath("link").toStdString()};
+    std::filesystem::create_symlink(device.port.device, link.device);
+    EXPECT_EQ(ports.open(link, {}), nullptr);
+    EXPECT_EQ(ports.holder(link).value_or(PortHolder()).process, getpid());
     line.reset();
+    EXPECT_FALSE(ports.holder(link));
     EXPECT_NE(ports.open(device.port, {}), nullptr);
     EXPECT_EQ(ports.open({}, {}), nullptr);
     EXPECT_EQ(ports.open({"gone", "/dev/tessit-no-such-port"}, {}), nullptr);

@@ -6,6 +6,9 @@
 #include "support/feedback_form.h"
 #include "support/support_mail.h"
 
+#include <QTcpServer>
+#include <QTcpSocket>
+
 namespace tessit::qt {
 
 namespace {
@@ -108,6 +111,54 @@ TEST_F(StoringServer, gets_envelope_headers_and_body) {
                            "Help Window - Very Usefull\r\n\r\nComments and Suggestions\r\n" +
                                comment + "\r\n");
     expect_sent(feedback.feedbackSocket);
+}
+
+// What a line tells, without an owner's answer; the server is in this process.
+class RawServer : public ::testing::Test, public SocketOwner {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(server_.listen(QHostAddress::LocalHost));
+        line = QtSockets().connect("127.0.0.1", server_.serverPort(), *this);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return up && server_.hasPendingConnections(); }));
+        peer = server_.nextPendingConnection();
+    }
+    void connected() override { up = true; }
+    void data_available() override { on_data(); }
+    void all_sent() override {}
+    void failed() override { up = false; }
+
+    bool up = false;
+    std::function<void()> on_data = [] {};
+    std::unique_ptr<SocketLine> line;
+    QTcpSocket* peer = nullptr;
+
+private:
+    QTcpServer server_;
+};
+
+TEST_F(RawServer, that_never_ends_its_line_is_left) {
+    peer->write(QByteArray(3'000'000, 'x'));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !up && peer->state() == QAbstractSocket::UnconnectedState; }));
+    EXPECT_EQ(line->waiting(), "");
+}
+
+TEST_F(RawServer, that_refuses_for_ever_is_not_asked_as_fast_as_it_can_answer) {
+    int replies = 0;
+    on_data = [&] {
+        ++replies;
+        line->read_all();
+        line->write("RSET\r\n");
+    };
+    QObject::connect(peer, &QTcpSocket::readyRead, peer, [&] {
+        peer->readAll();
+        peer->write("550 no\r\n");
+    });
+    peer->write("550 no\r\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return replies >= 64; }));
+    for (int round = 0; round < 5'000; ++round) {
+        QCoreApplication::processEvents();
+    }
+    EXPECT_LT(replies, 200); // as many as there are rounds, without pauses
 }
 
 } // namespace

@@ -52,8 +52,10 @@ TEST_F(FormsTest, contact_form) {
     EXPECT_EQ(body(text), "me   Wrote:\r\n\r\nHow?\r\n\r\n.\r\n");
 
     server.tell_sent();
-    server.tell_sent();
     EXPECT_EQ(desktop.shown.back(), "ContactPopUp");
+    app.Window1->activate();
+    server.tell_sent(); // as for each further command
+    EXPECT_EQ(app.front_window(), &app.Window1.get());
     app.ContactPopUp->PushButton1.click();
     EXPECT_FALSE(app.ContactPopUp.exists() || app.ContactUsWindow.exists() || server.open());
 }

@@ -136,6 +136,9 @@ private:
         std::unique_ptr<SerialLine> open(const SerialPort& port, const SerialSettings& settings) override {
             return connected == nullptr ? nullptr : connected->open(port, settings);
         }
+        std::optional<PortHolder> holder(const SerialPort& port) override {
+            return connected == nullptr ? std::nullopt : connected->holder(port);
+        }
     };
     std::optional<FolderItem> next_file(const FileRequest& request);
 
