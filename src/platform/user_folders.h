@@ -8,7 +8,8 @@
 namespace tessit {
 
 // Where the program keeps what the user may get back: $XDG_STATE_HOME, or ~/.local/state, and in it
-// tessit-control/recovery. Empty where the environment tells of no home. It is made by who needs it, for the user alone.
+// tessit-control/recovery. Empty where the environment tells of no home. It is made by who needs it, for the user
+// alone.
 inline std::filesystem::path user_recovery_folder() {
     const auto variable = [](const char* name) {
         const char* value = std::getenv(name);

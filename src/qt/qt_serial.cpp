@@ -14,8 +14,8 @@ namespace tessit::qt {
 
 namespace {
 
-constexpr qint64 most_waiting = 65536; // bytes; what is older is no answer to anything
-constexpr int moment = 250;            // milliseconds; nobody plugs in a port and looks for it sooner
+constexpr qint64 most_unread = 65536; // bytes; what is older is no answer to anything
+constexpr int moment = 250;           // milliseconds; nobody plugs in a port and looks for it sooner
 
 QSerialPort::Parity parity_of(SerialParity parity) {
     switch (parity) {
@@ -111,8 +111,8 @@ public:
 private:
     // A line that talks while nobody reads must not fill the memory.
     void forget_the_oldest() {
-        if (const qint64 waiting = port_.bytesAvailable(); waiting > most_waiting) {
-            port_.skip(waiting - most_waiting);
+        if (const qint64 waiting = port_.bytesAvailable(); waiting > most_unread) {
+            port_.skip(waiting - most_unread);
         }
     }
 

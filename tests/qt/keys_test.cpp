@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "dialog_driver.h"
 #include "fixture.h"
 
 namespace tessit::qt {
@@ -94,10 +95,10 @@ TEST_F(Keys, a_fault_in_a_handler_is_reported_and_goes_no_further) {
         throw Fault(FaultKind::out_of_bounds, "Beyond <b>the</b> end.");
     };
     QString report;
-    QTimer::singleShot(0, widget, [&] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        report = box->text() + box->informativeText();
-        box->accept();
+    DialogDriver driver;
+    driver.when_shown<QMessageBox>([&](QMessageBox& box) {
+        report = box.text() + box.informativeText();
+        box.accept();
     });
     QTest::keyClicks(&edit, "x");
     EXPECT_TRUE(report.contains("Beyond <b>the</b> end.")) << report.toStdString();

@@ -2,6 +2,7 @@
 // Interrupts the program's saves wherever they can be interrupted, and looks what is left: the old file or the new one,
 // whole, at most one unfinished file beside it, and a save that says it was done has been done. Prints a table; the
 // exit code is 1 when any of it does not hold, and 77 where processes can't be traced.
+#include "recovery/recovery_folder.h"
 #include "support/full_disk.h"
 #include "support/quiet_program.h"
 #include "tools/interrupting/traced_run.h"
@@ -149,14 +150,30 @@ const Kind kinds[] = {
      [](Trials& trials) { trials.try_one({}, [&] { return behind_the_file(trials.scenario()); }); }},
 };
 
+// The copy that there is already.
+fs::path copy_in(const fs::path& folder) {
+    return std::find_if(fs::directory_iterator(folder), {}, [](const fs::directory_entry& entry) {
+               return entry.path().extension() == ".editwindow";
+           })->path();
+}
+
+bool kept(OwnCopies& copies) {
+    try {
+        return copies.write("editwindow", std::string(9000, 'n')), true;
+    } catch (const Fault&) {
+        return false;
+    }
+}
+
 // What is interrupted: one line a save.
-std::vector<Scenario> scenarios(testing::QuietProgram& program) {
+std::vector<Scenario> scenarios(testing::QuietProgram& program, OwnCopies& copies, const fs::path& copy) {
     const auto told_nothing = [&program] { return program.desktop.faults.empty(); };
     return {
         {"protocol of fifty levels", program.desktop.file,
          [&program, told_nothing] { return program.app.choose_menu("FileSave"), told_nothing(); }},
         {"settings", program.settings_file,
          [&program, told_nothing] { return program.save_settings(), told_nothing(); }},
+        {"recovery copy", copy, [&copies] { return kept(copies); }},
     };
 }
 
@@ -167,10 +184,13 @@ int interrupt_all() {
         program.app.editwindow->FreqField.type(std::to_string(level) + ".5");
         program.app.editwindow->FreqField.press(keys::return_);
     }
+    const testing::TemporaryFolder folder;
+    OwnCopies copies(folder / "recovery");
+    copies.write("editwindow", "an earlier one");
     int wrong = 0;
     std::puts("| Save | Interrupted | runs | old file left | new file left | told | unfinished files left |\n"
               "|---|---|---|---|---|---|---|");
-    for (const Scenario& scenario : scenarios(program)) {
+    for (const Scenario& scenario : scenarios(program, copies, copy_in(folder / "recovery"))) {
         for (const Kind& kind : kinds) {
             Trials trials(scenario);
             if (!trials.possible()) {
