@@ -68,7 +68,11 @@ void UnsavedWork::event_ended() {
     }
     if (!look_is_planned_) {
         look_is_planned_ = true;
-        app_.desktop().call_later(time_to_look, [this] { look(); });
+        app_.desktop().call_later(time_to_look, [this, alive = std::weak_ptr(alive_)] {
+            if (!alive.expired()) { // the desktop outlives the program
+                look();
+            }
+        });
     }
 }
 

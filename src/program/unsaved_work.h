@@ -10,6 +10,7 @@
 #include "recovery/recovery_writer.h"
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -51,6 +52,7 @@ private:
     bool look_is_planned_ = false;
     bool look_at_once_ = false;
     bool fault_told_ = false;
+    const std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 
 } // namespace tessit
