@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/port_lock.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <fstream>
 #include <sstream>
@@ -29,7 +30,7 @@ std::string program_of(int process) {
 } // namespace
 
 bool lock_port(int descriptor) {
-    return flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+    return flock(descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
 // A line of the list: "1: FLOCK  ADVISORY  WRITE 708 00:18:5 0 EOF".

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qt/dialogs.h"
 
+#include "qt/earlier_input.h"
 #include "qt/widget_text.h"
 
 #include <QLabel>
@@ -66,6 +67,7 @@ DialogAnswer show_dialog(QWidget* parent, const MessageDialog& dialog) {
         box.setEscapeButton(cancel);
     }
     ++shown;
+    drop_input_so_far();
     box.exec();
     const QAbstractButton* answer = box.clickedButton();
     if (answer != nullptr && answer == alternate) {
@@ -84,6 +86,7 @@ void show_fault(QWidget* parent, const FaultReport& report) {
               report.what + place + "\r\rOpen documents are kept as they are.");
     box.addButton(QMessageBox::Ok);
     ++shown;
+    drop_input_so_far();
     box.exec();
 }
 

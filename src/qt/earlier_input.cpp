@@ -2,43 +2,69 @@
 #include "qt/earlier_input.h"
 
 #include <QCoreApplication>
-#include <QEvent>
+#include <QElapsedTimer>
+#include <QInputEvent>
+#include <QPointer>
 
 namespace tessit::qt {
 
 namespace {
 
-class InputFilter : public QObject {
+class InputWatch : public QObject {
 public:
-    // Releases reach the windows, which keep account of the buttons that are down, but no widget.
+    using QObject::QObject;
+
+    // Input comes from the window system to windows, which pass it on to their widgets.
     bool eventFilter(QObject* receiver, QEvent* event) override {
-        switch (event->type()) {
-        case QEvent::KeyPress:
-        case QEvent::ShortcutOverride:
-        case QEvent::Shortcut:
-        case QEvent::InputMethod:
-        case QEvent::ContextMenu:
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::Wheel:
-        case QEvent::TouchBegin:
-        case QEvent::TabletPress:
-            return true;
-        case QEvent::KeyRelease:
-        case QEvent::MouseButtonRelease:
-            return receiver->isWidgetType();
-        default:
+        if (!receiver->isWindowType() || !event->isInputEvent()) {
             return false;
         }
+        const quint64 stamp = static_cast<const QInputEvent*>(event)->timestamp();
+        const bool earlier = stamp > from && stamp < until;
+        if (earlier && is_press(*event)) {
+            event->accept(); // a shortcut looks no further
+            return true;
+        }
+        if (!earlier && stamp != 0) { // entering a window has none
+            last_stamp_ = stamp;
+            since_last_.start();
+        }
+        return false;
     }
+
+    void drop_so_far() {
+        from = last_stamp_;
+        until = last_stamp_ + (since_last_.isValid() ? static_cast<quint64>(since_last_.elapsed()) : 0);
+    }
+
+    quint64 from = 0; // what is stamped between these two is dropped
+    quint64 until = 0;
+
+private:
+    static bool is_press(const QEvent& event) {
+        return event.type() == QEvent::KeyPress || event.type() == QEvent::ShortcutOverride ||
+               event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick ||
+               event.type() == QEvent::TouchBegin;
+    }
+
+    quint64 last_stamp_ = 0;
+    QElapsedTimer since_last_;
 };
+
+QPointer<InputWatch> watch;
 
 } // namespace
 
-void drop_earlier_input() {
-    InputFilter filter;
-    QCoreApplication::instance()->installEventFilter(&filter);
-    QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);
+void watch_input() {
+    if (watch.isNull()) {
+        watch = new InputWatch(QCoreApplication::instance());
+        QCoreApplication::instance()->installEventFilter(watch);
+    }
+}
+
+void drop_input_so_far() {
+    watch_input();
+    watch->drop_so_far();
 }
 
 } // namespace tessit::qt

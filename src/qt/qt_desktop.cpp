@@ -56,6 +56,7 @@ bool GuiApplication::notify(QObject* receiver, QEvent* event) {
 QtDesktop::QtDesktop() : clock_([this] { repaint_uncovered(); }) {
     QApplication::setStyle(new SharedPalettes(QApplication::style()->name()));
     QApplication::setFont(application_font());
+    watch_input();
     QApplication::setQuitOnLastWindowClosed(false); // the program decides when it ends
     QApplication::setWindowIcon(QIcon(logo({64, 64}, 2)));
 }
@@ -108,7 +109,6 @@ std::vector<FolderItem> QtDesktop::document_folders() {
 
 DialogAnswer QtDesktop::show_dialog(const MessageDialog& dialog) {
     put_waiting_on_screen();
-    drop_earlier_input();
     return qt::show_dialog(active_widget(), dialog);
 }
 
@@ -129,7 +129,6 @@ std::unique_ptr<Graphics> QtDesktop::choose_printer() {
 
 void QtDesktop::show_fault(const FaultReport& report) {
     put_waiting_on_screen();
-    drop_earlier_input();
     qt::show_fault(active_widget(), report);
 }
 
@@ -272,6 +271,7 @@ QWidget* QtDesktop::active_widget() const {
 // A handler that waits for a device keeps the event loop waiting; windows that get uncovered meanwhile are painted.
 void QtDesktop::repaint_uncovered() {
     if (application_ != nullptr && application_->busy()) {
+        drop_input_so_far();
         put_waiting_on_screen();
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
     }

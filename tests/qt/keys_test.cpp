@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialog_driver.h"
 #include "fixture.h"
+#include "qt/earlier_input.h"
 
 namespace tessit::qt {
 
@@ -117,6 +118,26 @@ TEST_F(Keys, leaving_for_another_field_is_told) {
         edit.setFocus(reason);
     }
     EXPECT_EQ(left, 1);
+}
+
+TEST(EarlierInput, pressed_while_nobody_listened_is_dropped_and_nothing_else) {
+    struct Listener : QWindow {
+        void keyPressEvent(QKeyEvent* event) override { heard += std::to_string(event->timestamp()) + " "; }
+        std::string heard;
+    } window;
+    const auto press = [&window](quint64 stamp) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        event.setTimestamp(stamp);
+        QCoreApplication::sendEvent(&window, &event);
+    };
+    watch_input();
+    press(70'000);
+    QTest::qSleep(20);
+    drop_input_so_far(); // up to the stamp 70020 at least
+    for (const quint64 stamp : {70'001, 70'019, 69'999, 0, 900'000}) {
+        press(stamp);
+    }
+    EXPECT_EQ(window.heard, "70000 69999 0 900000 ");
 }
 
 } // namespace
