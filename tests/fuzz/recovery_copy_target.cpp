@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Any bytes are a whole recovery copy or none, and any values are put back as they can be kept again, or told to be none.
+// Any bytes are a whole recovery copy or none, and any values are put back as they can be kept again, or told to be
+// none.
 #include "device/read_window.h"
 #include "recovery/recovery_copy.h"
 #include "support/quiet_program.h"

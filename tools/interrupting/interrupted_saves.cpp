@@ -152,9 +152,9 @@ const Kind kinds[] = {
 
 // The copy that there is already.
 fs::path copy_in(const fs::path& folder) {
-    return std::find_if(fs::directory_iterator(folder), {}, [](const fs::directory_entry& entry) {
-               return entry.path().extension() == ".editwindow";
-           })->path();
+    return std::find_if(fs::directory_iterator(folder), {},
+                        [](const fs::directory_entry& entry) { return entry.path().extension() == ".editwindow"; })
+        ->path();
 }
 
 bool kept(OwnCopies& copies) {
