@@ -5,6 +5,7 @@
 #include "core/app_state.h"
 #include "platform/array.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,6 +13,7 @@
 namespace tessit {
 
 inline constexpr const char* settings_file_name = "ZP2Settings.fig";
+inline constexpr std::size_t most_settings_bytes = 1'000'000; // a thousand times what is saved
 
 // The one line of a program that never saved its settings. The folder is written and never read.
 std::string first_run_settings(const std::string& program_folder);

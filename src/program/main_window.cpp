@@ -64,7 +64,7 @@ std::string MainWindow::read_settings_file() {
     StatusField.SetVisible(true);
     StatusField.SetText("Loading Configuration Settings");
     StatusField.Refresh();
-    app.known_settings.file = file.OpenAsTextFile()->ReadAll();
+    app.known_settings.file = file.OpenAsTextFile(most_settings_bytes)->ReadAll();
     return *app.known_settings.file;
 }
 

@@ -13,7 +13,7 @@ namespace {
 // None where it is missing or can't be read.
 std::optional<std::string> content_of(const FolderItem& file) {
     try {
-        return file.Exists() ? std::optional(file.OpenAsTextFile()->ReadAll()) : std::nullopt;
+        return file.Exists() ? std::optional(file.OpenAsTextFile(most_settings_bytes)->ReadAll()) : std::nullopt;
     } catch (const Fault&) {
         return std::nullopt;
     }

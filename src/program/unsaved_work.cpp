@@ -102,7 +102,7 @@ void UnsavedWork::look() {
     look_is_planned_ = false;
     look_at_once_ = false;
     for (Kept& kept : all_) {
-        if (kept.window != nullptr && kept.window == kept.open_window(app_)) { // a handler may be about to close it
+        if (is_open(kept)) {
             look_at(kept);
         }
     }
@@ -125,6 +125,11 @@ void UnsavedWork::look_at(Kept& kept) {
                       .kept_at = std::time(nullptr),
                       .values = std::move(values)});
     }
+}
+
+// A handler that is still running may have closed the window.
+bool UnsavedWork::is_open(const Kept& kept) const {
+    return kept.window != nullptr && kept.window == kept.open_window(app_);
 }
 
 bool UnsavedWork::is_unsaved(const Kept& kept) const {
@@ -167,7 +172,7 @@ void UnsavedWork::keep_now() {
 std::vector<DocumentWindow*> UnsavedWork::documents() const {
     std::vector<DocumentWindow*> unsaved;
     for (const Kept& kept : all_) {
-        if (kept.window != nullptr && is_unsaved(kept)) {
+        if (is_open(kept) && is_unsaved(kept)) {
             unsaved.push_back(kept.window);
         }
     }

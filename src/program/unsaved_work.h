@@ -43,6 +43,7 @@ private:
     void look_at(Kept& kept);
     void forget_closed(Kept& kept);
     void drop_copy(Kept& kept);
+    bool is_open(const Kept& kept) const;
     bool is_unsaved(const Kept& kept) const;
     void tell_of_fault();
 
