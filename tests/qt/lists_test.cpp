@@ -65,6 +65,14 @@ TEST_F(Lists, cells_are_painted_in_their_colours) {
     EXPECT_EQ(background(table, 2, 1), QColor(Qt::white));
 }
 
+TEST_F(Lists, headings_change_all_at_once) {
+    QTableView& table = compose("300");
+    QSignalSpy told(table.model(), &QAbstractItemModel::headerDataChanged);
+    app.composewindow->freq_listBox.SetHeadings("A\tB\tC");
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_EQ(joined(told[0][1].toInt(), told[0][2].toInt()), "0|2");
+}
+
 TEST_F(Lists, cells_are_clicked_without_a_mouse_too) {
     QTableView& table = compose("300, 200");
     table.setFocus();

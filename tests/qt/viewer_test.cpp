@@ -69,6 +69,13 @@ protected:
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(focus(), key, modifiers);
     }
+    static void turn_wheel(QAbstractScrollArea& page, int angle) { // with Ctrl held
+        QWidget* viewport = page.viewport();
+        const QPointF middle = viewport->rect().center();
+        QWheelEvent event(middle, viewport->mapToGlobal(middle), {}, {0, angle}, Qt::NoButton, Qt::ControlModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(viewport, &event);
+    }
     void type(const char* text) { QTest::keyClicks(focus(), QLatin1String(text)); }
 };
 
@@ -87,7 +94,7 @@ TEST_F(Viewer, follows_links_inside_and_goes_back) {
     follow("manual.pdf");
     EXPECT_TRUE(pdf().isVisible() && pdf().hasFocus());
     press(Qt::Key_Left, Qt::AltModifier);
-    EXPECT_TRUE(html().isVisible());
+    EXPECT_TRUE(html().isVisible() && html().hasFocus());
 }
 
 TEST_F(Viewer, opens_nothing_outside) {
@@ -219,6 +226,10 @@ TEST_F(Viewer, scrolls_zooms_and_copies_by_keys) {
     EXPECT_GT(html().fontMetrics().height(), size);
     press(Qt::Key_0, Qt::ControlModifier);
     EXPECT_EQ(html().fontMetrics().height(), size);
+    turn_wheel(html(), -120);
+    EXPECT_LT(html().fontMetrics().height(), size);
+    turn_wheel(html(), 120);
+    EXPECT_EQ(html().fontMetrics().height(), size);
     press(Qt::Key_PageDown);
     EXPECT_GT(html().verticalScrollBar()->value(), 0);
     model.on_edit(EditCommand::select_all);
@@ -240,11 +251,17 @@ TEST_F(Viewer, scrolls_zooms_and_copies_by_keys) {
     EXPECT_GT(pdf().zoomFactor(), factor);
     press(Qt::Key_0, Qt::ControlModifier);
     EXPECT_EQ(pdf().zoomMode(), QPdfView::ZoomMode::FitToWidth);
+    turn_wheel(pdf(), 120);
+    EXPECT_EQ(pdf().zoomMode(), QPdfView::ZoomMode::Custom);
     press(Qt::Key_A, Qt::ControlModifier);
     press(Qt::Key_C, Qt::ControlModifier);
     const QString copied = QGuiApplication::clipboard()->text();
     EXPECT_NE(copied.indexOf("first generator"), -1) << copied.toStdString();
     EXPECT_NE(copied.indexOf("third generator"), -1);
+    QGuiApplication::clipboard()->setText("before");
+    QTest::mouseClick(pdf().viewport(), Qt::LeftButton); // nothing is selected any more
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "before");
     model.on_edit(EditCommand::paste); // a document is only read
     model.on_edit(EditCommand::cut);
 }
