@@ -8,6 +8,15 @@
 
 namespace {
 
+void begin_work(tessit::App& app, const std::optional<std::filesystem::path>& file) {
+    const bool restored = app.offer_recovery();
+    if (file && restored) {
+        app.MsgBox(file->filename().string() + " was not opened, because restored work is open.");
+    } else if (file) {
+        app.open_file(tessit::FolderItem(*file));
+    }
+}
+
 int run(int argc, char* argv[], const std::optional<std::filesystem::path>& file) {
     QCoreApplication::setApplicationName("tessit-control");
     QGuiApplication::setDesktopFileName("example.tessit.Control"); // by it Wayland finds the windows' icon
@@ -18,12 +27,7 @@ int run(int argc, char* argv[], const std::optional<std::filesystem::path>& file
                               .MinorVersion = TESSIT_MINOR,
                               .BugVersion = TESSIT_BUG});
     app.start();
-    const bool restored = app.offer_recovery();
-    if (file && restored) {
-        app.MsgBox(file->filename().string() + " was not opened, because restored work is open.");
-    } else if (file) {
-        app.open_file(tessit::FolderItem(*file));
-    }
+    desktop.call_soon([&] { begin_work(app, file); }); // with the main window to be seen
     return desktop.run();
 }
 
