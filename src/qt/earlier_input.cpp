@@ -4,7 +4,6 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QInputEvent>
-#include <QPointer>
 
 namespace tessit::qt {
 
@@ -51,20 +50,27 @@ private:
     QElapsedTimer since_last_;
 };
 
-QPointer<InputWatch> watch;
+// The application's one; made when it is first asked for.
+InputWatch& input_watch() {
+    const auto name = QStringLiteral("input_watch");
+    QCoreApplication* application = QCoreApplication::instance();
+    if (auto* found = application->findChild<QObject*>(name, Qt::FindDirectChildrenOnly)) {
+        return static_cast<InputWatch&>(*found);
+    }
+    auto* made = new InputWatch(application);
+    made->setObjectName(name);
+    application->installEventFilter(made);
+    return *made;
+}
 
 } // namespace
 
 void watch_input() {
-    if (watch.isNull()) {
-        watch = new InputWatch(QCoreApplication::instance());
-        QCoreApplication::instance()->installEventFilter(watch);
-    }
+    input_watch();
 }
 
 void drop_input_so_far() {
-    watch_input();
-    watch->drop_so_far();
+    input_watch().drop_so_far();
 }
 
 } // namespace tessit::qt
