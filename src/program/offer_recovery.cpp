@@ -62,8 +62,10 @@ std::optional<FoundCopy> read_copy(const std::filesystem::path& file) {
     }
 }
 
-// It stays for the user, under a name by which it is not found again. Gives the words about it.
-std::string put_aside(const std::filesystem::path& file) {
+// It stays for the user, whatever becomes of the others, under a name by which it is not found again. Gives the words
+// about it.
+std::string put_aside(LeftCopies& left, const std::filesystem::path file) {
+    std::erase(left.copies, file);
     std::filesystem::path aside = file;
     aside += ".damaged";
     std::error_code error;
@@ -81,11 +83,11 @@ std::optional<FoundWork> find_newest(const std::filesystem::path& folder, std::s
     std::optional<FoundWork> newest;
     for (LeftCopies& left : left_copies(folder)) {
         FoundWork work{.files = std::move(left), .copies = {}};
-        for (const std::filesystem::path& file : work.files.copies) {
+        for (const std::filesystem::path& file : std::vector(work.files.copies)) {
             if (auto copy = read_copy(file)) {
                 work.copies.push_back(std::move(*copy));
             } else {
-                words += put_aside(file);
+                words += put_aside(work.files, file);
             }
         }
         std::sort(work.copies.begin(), work.copies.end(),
@@ -122,13 +124,13 @@ void restore(App& app, const FoundCopy& found) {
 }
 
 // Gives the words about copies that could not be restored.
-std::string restore(App& app, const FoundWork& work) {
+std::string restore(App& app, FoundWork& work) {
     std::string failed;
     for (const FoundCopy& found : work.copies) {
         try {
             restore(app, found);
         } catch (const Fault&) {
-            failed += put_aside(found.file);
+            failed += put_aside(work.files, found.file);
         }
     }
     set_up_report_columns(app); // the read window leaves it out without a serial port
@@ -169,8 +171,11 @@ bool App::offer_recovery() {
         if (restored) {
             const std::string failed = restore(*this, *work);
             unsaved_work_->event_ended(); // gets to know the windows
-            unsaved_work_->keep_now();    // before the old copies go
+            const bool kept = unsaved_work_->keep_now();
             tell_of_damaged(*this, failed);
+            if (!kept) {
+                return; // the old copies are the only ones
+            }
         }
         work->files.remove();
     });

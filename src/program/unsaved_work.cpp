@@ -136,13 +136,15 @@ bool UnsavedWork::is_unsaved(const Kept& kept) const {
     return kept.window->change_flag() || work_of(*kept.window) != kept.saved_work;
 }
 
-void UnsavedWork::tell_of_fault() {
+bool UnsavedWork::tell_of_fault() {
     try {
         writer_.rethrow();
+        return false;
     } catch (const Fault& fault) {
         if (!std::exchange(fault_told_, true)) {
             app_.report_soon(fault);
         }
+        return true;
     }
 }
 
@@ -164,9 +166,10 @@ void UnsavedWork::given_up(const DocumentWindow& document) {
     }
 }
 
-void UnsavedWork::keep_now() {
+bool UnsavedWork::keep_now() {
     look();
     writer_.finish();
+    return !tell_of_fault();
 }
 
 std::vector<DocumentWindow*> UnsavedWork::documents() const {

@@ -23,7 +23,7 @@ public:
     void event_ended();
     void saved(const DocumentWindow& document);
     void given_up(const DocumentWindow& document);  // by the user's word, as it is now
-    void keep_now();                                // the copies are on the disk when it returns
+    bool keep_now();                                // all copies are on the disk; false: one could not be written
     std::vector<DocumentWindow*> documents() const; // those with unsaved work
 
 private:
@@ -45,7 +45,7 @@ private:
     void drop_copy(Kept& kept);
     bool is_open(const Kept& kept) const;
     bool is_unsaved(const Kept& kept) const;
-    void tell_of_fault();
+    bool tell_of_fault(); // that there was one
 
     App& app_;
     RecoveryWriter writer_;

@@ -75,8 +75,8 @@ void OwnCopies::begin() {
             cannot_keep(folder_, errno);
         }
         close(made);
-        stem_ = fs::path(name).stem().string();
         lock_ = FileLock(name);
+        stem_ = lock_.holds() ? fs::path(name).stem().string() : "";
     }
 }
 

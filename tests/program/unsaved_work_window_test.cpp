@@ -5,6 +5,7 @@
 #include "device/read_window.h"
 #include "program/unsaved_work.h"
 #include "recovery/recovery_copy.h"
+#include "support/full_disk.h"
 #include "support/program.h"
 
 #include <algorithm>
@@ -189,6 +190,15 @@ TEST_F(UnsavedWorkTest, left_copies_are_kept_discarded_or_put_aside) {
     EXPECT_FALSE(later.app.offer_recovery());
     EXPECT_TRUE(fs::is_empty(left));
     EXPECT_EQ(copies_in(recovery), "editwindow");
+
+    const fs::path full = as_after_death("full");
+    {
+        KeepingProgram next(full);
+        next.desktop.expect_message("Unsaved work was found");
+        const FullDisk disk(10);
+        EXPECT_TRUE(next.app.offer_recovery());
+    }
+    EXPECT_EQ(copies_in(full), "editwindow"); // no other copy could be written, so the old one stays
 
     const fs::path damaged = as_after_death("damaged");
     for (const auto& entry : fs::directory_iterator(damaged)) {
