@@ -136,15 +136,13 @@ bool UnsavedWork::is_unsaved(const Kept& kept) const {
     return kept.window->change_flag() || work_of(*kept.window) != kept.saved_work;
 }
 
-bool UnsavedWork::tell_of_fault() {
+void UnsavedWork::tell_of_fault() {
     try {
         writer_.rethrow();
-        return false;
     } catch (const Fault& fault) {
         if (!std::exchange(fault_told_, true)) {
             app_.report_soon(fault);
         }
-        return true;
     }
 }
 
@@ -168,8 +166,9 @@ void UnsavedWork::given_up(const DocumentWindow& document) {
 
 bool UnsavedWork::keep_now() {
     look();
-    writer_.finish();
-    return !tell_of_fault();
+    const bool kept = writer_.finish();
+    tell_of_fault();
+    return kept;
 }
 
 std::vector<DocumentWindow*> UnsavedWork::documents() const {

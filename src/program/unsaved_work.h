@@ -45,7 +45,7 @@ private:
     void drop_copy(Kept& kept);
     bool is_open(const Kept& kept) const;
     bool is_unsaved(const Kept& kept) const;
-    bool tell_of_fault(); // that there was one
+    void tell_of_fault();
 
     App& app_;
     RecoveryWriter writer_;

@@ -33,9 +33,10 @@ void RecoveryWriter::order(const std::string& window, Order what) {
     }
 }
 
-void RecoveryWriter::finish() {
+bool RecoveryWriter::finish() {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return orders_.empty() && !writing_; });
+    return failed_.empty();
 }
 
 void RecoveryWriter::rethrow() {
@@ -66,8 +67,11 @@ void RecoveryWriter::work() {
 void RecoveryWriter::carry_out(const std::string& window, const Order& what) {
     try {
         what ? copies_.write(window, recovery_bytes(*what)) : copies_.remove(window);
+        const std::lock_guard lock(mutex_);
+        failed_.erase(window);
     } catch (const Fault&) {
         const std::lock_guard lock(mutex_);
+        failed_.insert(window);
         if (fault_ == nullptr) {
             fault_ = std::current_exception();
         }

@@ -11,6 +11,7 @@
 #include <map>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <thread>
 
@@ -25,7 +26,7 @@ public:
     void keep(RecoveryCopy copy);
     void drop(const std::string& window) { order(window, std::nullopt); }
 
-    void finish();  // returns when nothing is left to be written
+    bool finish();  // returns when nothing is left to be written; false: a window's last order could not be carried out
     void rethrow(); // the first fault since the last time, if there was one
 
 private:
@@ -39,6 +40,7 @@ private:
     std::mutex mutex_; // of what follows
     std::condition_variable changed_;
     std::map<std::string, Order> orders_;
+    std::set<std::string> failed_; // windows
     std::exception_ptr fault_;
     bool writing_ = false;
     bool ending_ = false;
