@@ -29,13 +29,15 @@ public:
         fcntl(master_, F_SETFL, O_NONBLOCK);
         port = {"pty", name};
     }
-    ~PseudoTerminal() { hang_up(); }
+    ~PseudoTerminal() {
+        hang_up();
+        close(slave_);
+    }
 
+    // The other end stays open, so that no terminal of another process gets this one's name.
     void hang_up() {
-        for (int* end : {&slave_, &master_}) {
-            if (*end >= 0) {
-                close(std::exchange(*end, -1));
-            }
+        if (master_ >= 0) {
+            close(std::exchange(master_, -1));
         }
     }
     void send(const std::string& bytes) const {
