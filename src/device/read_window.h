@@ -45,9 +45,10 @@ public:
     StaticText time_caption{*this, {.name = "time_caption", .place = {510, 116, 80, 20}}, {.text = "Total Time:"}};
     EditField BankTimeField{
         *this, {.name = "BankTimeField", .place = {592, 114, 80, 22}, .label = "Total Time"}, {.align = Align::center}};
-    Listbox displaybox{*this,
-                       {.name = "displaybox", .place = {33, 150, 825, 386}, .label = "Bank", .grow = Grow::both},
-                       {.columns = column::count}};
+    Listbox displaybox{
+        *this,
+        {.name = "displaybox", .place = {33, 150, 825, 386}, .label = "Bank Listing", .grow = Grow::both},
+        {.columns = column::count, .row_commands = {"EditEditProtocol"}}};
     void Event_Open() override;
     void Event_Activate() override;
     bool Event_CancelClose() override;

@@ -137,7 +137,10 @@ public:
     Listbox edit_displayBox{
         *this,
         {.name = "edit_displayBox", .place = {33, 287, 825, 339}, .label = "Protocol Listing", .grow = Grow::both},
-        {.columns = column::count, .on_double_click = [this] { edit_displayBox_DoubleClick(); }}};
+        {.columns = column::count,
+         .on_double_click = [this] { edit_displayBox_DoubleClick(); },
+         .row_commands = {"EditDeleteRow", "EditInsertRow", "UntitledSeparator2", "EditMakeallSine",
+                          "EditMakeallSquare"}}};
 
     // Running totals of displaydata; level entry and the row commands rebuild the fields from the cells instead.
     std::int32_t totalseconds = 0;
