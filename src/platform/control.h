@@ -56,6 +56,7 @@ public:
     virtual void refresh() = 0;   // show the control's present values; calling it again changes nothing
     virtual void repaint_now() {} // and have them on the screen before returning
     virtual void take_focus() {}  // keyboard focus
+    virtual void select_all() {}  // of its text
 };
 
 class Control {

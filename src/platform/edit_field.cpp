@@ -95,6 +95,13 @@ void EditField::select(TextSelection selection) {
     }
 }
 
+void EditField::SelectAll() {
+    select({.start = 0, .length = Len(Text())});
+    if (view() != nullptr) {
+        view()->select_all();
+    }
+}
+
 std::string EditField::SelText() const {
     return Mid(Text(), selection_.start, selection_.length);
 }
