@@ -140,6 +140,9 @@ FieldWidget::FieldWidget(EditField& field, QWidget& widget) : ControlWidget(fiel
     show_text_size();
     widget.installEventFilter(this);
     show_colors();
+    if (field.own().read_only) { // nothing to be typed there; the mouse selects what is to be copied
+        widget.setFocusPolicy(Qt::ClickFocus);
+    }
 }
 
 bool FieldWidget::eventFilter(QObject*, QEvent* event) {
@@ -223,6 +226,10 @@ void FieldWidget::show_text_size() {
 void FieldWidget::show_colors() {
     if (field_.own().back_color != EditFieldDesign{}.back_color) {
         widget().setPalette(field_palette(field_.own().back_color));
+    } else if (field_.own().read_only) { // it looks like a part of its window
+        QPalette palette;
+        palette.setColor(QPalette::Base, Qt::transparent);
+        widget().setPalette(palette);
     }
 }
 

@@ -94,7 +94,7 @@ void WindowWidget::set_tab_order() {
     for (const auto& control : controls_) {
         QWidget& widget = control->widget();
         if (!is_reachable(control->design().place, designed_size_)) {
-            widget.setFocusPolicy(Qt::NoFocus);
+            control->keep_out_of_sight();
         } else if (before != nullptr) {
             setTabOrder(before, &widget);
         }
