@@ -26,7 +26,7 @@ public:
     StaticText messagebox{*this, {.name = "messagebox", .place = {33, 14, 520, 58}}};
     PushButton Readbutton{*this,
                           {.name = "Readbutton", .place = {738, 20, 120, 28}},
-                          {.caption = "Read", .on_action = [this] { Readbutton_Action(); }}};
+                          {.caption = "Read", .on_action = [this] { Readbutton_Action(); }, .key = ButtonKey::enter}};
     RadioButton naDecimal{*this,
                           {.name = "naDecimal", .place = {33, 80, 258, 20}},
                           {.caption = "Use North American Decimal ( . )", .on_action = [this] { naDecimal_Action(); }}};

@@ -125,9 +125,10 @@ public:
         *this,
         {.name = "changelvlfield", .place = {33, 175, 167, 39}, .label = "Change Level", .visible = false},
         {.align = Align::center, .read_only = true, .text_size = 18, .back_color = {0xFF0000}}};
-    PushButton cancelbutton{*this,
-                            {.name = "cancelbutton", .place = {33, 232, 167, 20}, .visible = false},
-                            {.caption = "Cancel Change", .on_action = [this] { cancelbutton_Action(); }}};
+    PushButton cancelbutton{
+        *this,
+        {.name = "cancelbutton", .place = {33, 232, 167, 20}, .visible = false},
+        {.caption = "Cancel Change", .on_action = [this] { cancelbutton_Action(); }, .key = ButtonKey::escape}};
     PushButton submitchange{*this,
                             {.name = "submitchange", .place = {228, 232, 126, 20}, .visible = false},
                             {.caption = "Submit Change", .on_action = [this] { submitchange_Action(); }}};

@@ -80,6 +80,8 @@ public:
     void SetFocus(); // makes this the window's focus control
     void Refresh();  // on the screen at once, also while a handler runs
 
+    virtual bool holds_input() const { return false; } // that would be lost with its window
+
     // A menu command that the control sees to itself while its window is in front; false leaves it to the program.
     virtual bool handle_command(std::string_view) { return false; }
 

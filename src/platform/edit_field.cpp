@@ -102,6 +102,10 @@ void EditField::SelectAll() {
     }
 }
 
+bool EditField::holds_input() const {
+    return !own_.read_only && Text() != accepted(own_.text);
+}
+
 std::string EditField::SelText() const {
     return Mid(Text(), selection_.start, selection_.length);
 }

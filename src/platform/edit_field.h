@@ -74,6 +74,7 @@ public:
     void edit(const tessit::StyledText& text); // with CR as its line end
     void select(TextSelection selection);      // kept within the text
     void leave();
+    bool holds_input() const override;
 
 protected:
     void archive_values(Archive& archive) override; // without styles and selection

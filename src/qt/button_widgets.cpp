@@ -31,12 +31,29 @@ void leave_one_tab_stop(const QButtonGroup& group) {
     }
 }
 
+// Return clicks it while it has the focus. Outside of dialogs Qt forgets with the focus which one is the default.
+class Button : public QPushButton {
+public:
+    Button(ButtonKey key, QWidget* parent) : QPushButton(parent), is_default_(key == ButtonKey::enter) {
+        setAutoDefault(true);
+        setDefault(is_default_);
+    }
+
+protected:
+    void focusOutEvent(QFocusEvent* event) override {
+        QPushButton::focusOutEvent(event);
+        setDefault(is_default_);
+    }
+
+private:
+    const bool is_default_;
+};
+
 } // namespace
 
 PushButtonWidget::PushButtonWidget(PushButton& button, QWidget& parent)
-    : ControlWidget(button, *new QPushButton(&parent)), button_(button), widget_(static_cast<QPushButton&>(widget())) {
-    widget_.setAutoDefault(true); // Return clicks it while it has the focus
-    widget_.setDefault(button.own().key == ButtonKey::enter);
+    : ControlWidget(button, *new Button(button.own().key, &parent)), button_(button),
+      widget_(static_cast<QPushButton&>(widget())) {
     set_text_size(button.own().text_size);
     connect(&widget_, &QPushButton::clicked, this, [this] { tell([this] { button_.click(); }); });
 }

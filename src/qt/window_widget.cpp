@@ -18,6 +18,7 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QWindow>
 #include <algorithm>
 
@@ -31,12 +32,17 @@ Qt::WindowFlags flags_of(WindowFrame frame) {
                : Qt::Window;
 }
 
+bool is_escape(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Escape && event.modifiers() == Qt::NoModifier;
+}
+
 PushButton* button_for(const Window& window, const QKeyEvent& event) {
     const bool enters = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
     for (Control* control : window.controls()) {
         auto* button = dynamic_cast<PushButton*>(control);
         const ButtonKey key = button == nullptr ? ButtonKey::none : button->own().key;
-        if ((key == ButtonKey::enter && enters) || (key == ButtonKey::escape && event.key() == Qt::Key_Escape)) {
+        const bool pressed = (key == ButtonKey::enter && enters) || (key == ButtonKey::escape && is_escape(event));
+        if (pressed && button->Enabled() && button->Visible()) {
             return button;
         }
     }
@@ -66,6 +72,7 @@ WindowWidget::WindowWidget(Window& model, Activation& activation)
     make_controls();
     set_tab_order();
     set_first_focus();
+    new QShortcut(QKeySequence::Close, this, [this] { close(); });
     if (model.design().has_menu_bar) {
         new FileDrop(*this);
     }
@@ -197,11 +204,18 @@ bool WindowWidget::eventFilter(QObject*, QEvent* event) {
 }
 
 void WindowWidget::keyPressEvent(QKeyEvent* event) {
-    PushButton* button = model_ == nullptr ? nullptr : button_for(*model_, *event);
-    if (button == nullptr) {
+    if (model_ == nullptr) {
         return QMainWindow::keyPressEvent(event);
     }
-    button->click();
+    if (PushButton* button = button_for(*model_, *event)) {
+        return button->click();
+    }
+    if (event->matches(QKeySequence::HelpContents)) {
+        return model_->application().show_help_on(*model_);
+    }
+    if (is_escape(*event) && !model_->holds_work()) {
+        close();
+    }
 }
 
 void WindowWidget::tell_place() {
