@@ -31,7 +31,8 @@ void leave_one_tab_stop(const QButtonGroup& group) {
     }
 }
 
-// Return clicks it while it has the focus. Outside of dialogs Qt forgets with the focus which one is the default.
+// Return clicks the button that has the focus, else the default one, and the one that it would click looks so. Qt sees
+// to that in dialogs alone.
 class Button : public QPushButton {
 public:
     Button(ButtonKey key, QWidget* parent) : QPushButton(parent), is_default_(key == ButtonKey::enter) {
@@ -40,12 +41,26 @@ public:
     }
 
 protected:
+    void focusInEvent(QFocusEvent* event) override {
+        mark_default(false);
+        QPushButton::focusInEvent(event);
+    }
+
     void focusOutEvent(QFocusEvent* event) override {
         QPushButton::focusOutEvent(event);
-        setDefault(is_default_);
+        mark_default(true);
     }
 
 private:
+    void mark_default(bool marked) {
+        for (auto* sibling : parent()->findChildren<QPushButton*>(Qt::FindDirectChildrenOnly)) {
+            auto* button = dynamic_cast<Button*>(sibling);
+            if (button != nullptr && button->is_default_) {
+                button->setDefault(marked);
+            }
+        }
+    }
+
     const bool is_default_;
 };
 

@@ -2,6 +2,7 @@
 #include "qt/listbox_widget.h"
 
 #include "qt/column_widths.h"
+#include "qt/focus_frame.h"
 #include "qt/menu_bar.h"
 #include "qt/widget_text.h"
 
@@ -23,7 +24,7 @@ constexpr int widest_need = 260; // a longer text is shown with dots at its end
 } // namespace
 
 ListboxWidget::ListboxWidget(Listbox& listbox, QWidget& parent)
-    : ControlWidget(listbox, *new QTableView(&parent)), listbox_(listbox), window_(&listbox.window()),
+    : ControlWidget(listbox, *new FocusFrame<QTableView>(&parent)), listbox_(listbox), window_(&listbox.window()),
       view_(static_cast<QTableView&>(widget())), model_(listbox),
       needed_(static_cast<std::size_t>(listbox.ColumnCount())), longest_(needed_.size()), dragged_(needed_.size()) {
     listbox.attach_table(&changes_);
