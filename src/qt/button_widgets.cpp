@@ -79,6 +79,10 @@ QSize PushButtonWidget::needed_size() const {
     return {metrics.horizontalAdvance(to_widget(button_.Caption())) + side_margins, metrics.height() + 6};
 }
 
+bool PushButtonWidget::answers_to(ButtonKey key) const {
+    return key != ButtonKey::none && key == button_.own().key && button_.Enabled() && button_.Visible();
+}
+
 void PushButtonWidget::show_values() {
     widget_.setText(to_caption(button_.Caption()));
 }

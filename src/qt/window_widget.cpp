@@ -2,8 +2,8 @@
 #include "qt/window_widget.h"
 
 #include "platform/application.h"
-#include "platform/buttons.h"
 #include "qt/activation.h"
+#include "qt/button_widgets.h"
 #include "qt/control_factory.h"
 #include "qt/control_layout.h"
 #include "qt/file_drop.h"
@@ -36,17 +36,9 @@ bool is_escape(const QKeyEvent& event) {
     return event.key() == Qt::Key_Escape && event.modifiers() == Qt::NoModifier;
 }
 
-PushButton* button_for(const Window& window, const QKeyEvent& event) {
+ButtonKey button_key(const QKeyEvent& event) {
     const bool enters = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    for (Control* control : window.controls()) {
-        auto* button = dynamic_cast<PushButton*>(control);
-        const ButtonKey key = button == nullptr ? ButtonKey::none : button->own().key;
-        const bool pressed = (key == ButtonKey::enter && enters) || (key == ButtonKey::escape && is_escape(event));
-        if (pressed && button->Enabled() && button->Visible()) {
-            return button;
-        }
-    }
-    return nullptr;
+    return enters ? ButtonKey::enter : is_escape(event) ? ButtonKey::escape : ButtonKey::none;
 }
 
 } // namespace
@@ -207,8 +199,11 @@ void WindowWidget::keyPressEvent(QKeyEvent* event) {
     if (model_ == nullptr) {
         return QMainWindow::keyPressEvent(event);
     }
-    if (PushButton* button = button_for(*model_, *event)) {
-        return button->click();
+    for (const auto& control : controls_) {
+        auto* button = dynamic_cast<PushButtonWidget*>(control.get());
+        if (button != nullptr && button->answers_to(button_key(*event))) {
+            return button->press();
+        }
     }
     if (event->matches(QKeySequence::HelpContents)) {
         return model_->application().show_help_on(*model_);
