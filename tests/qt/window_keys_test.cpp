@@ -25,8 +25,14 @@ protected:
     }
 };
 
-TEST_F(WindowKeys, a_typed_bank_enables_the_button_that_tab_goes_to) {
+TEST_F(WindowKeys, what_is_typed_in_a_list_counts_before_tab_goes_on) {
     app.choose_menu("FileCreateNewFile");
+    auto& waves = *widget(app.editwindow.get()).findChild<QComboBox*>("wave_box");
+    waves.setFocus();
+    waves.lineEdit()->selectAll();
+    QTest::keyClicks(&waves, "Sweep Increasing");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focus(), "FreqField") << "where the choice sends it, and no further";
     app.choose_menu("ZephonLoadDirect");
     std::string visited = focus();
     press(Qt::Key_Tab);
