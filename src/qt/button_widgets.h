@@ -18,6 +18,7 @@ public:
     int halves_to_the_left() const override { return 1; }
 
 private:
+    void click();
     void show_values() override;
 
     PushButton& button_;

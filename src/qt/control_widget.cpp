@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qt/control_widget.h"
 
+#include "qt/busy_sign.h"
 #include "qt/widget_text.h"
 
 #include <QCoreApplication>
@@ -65,6 +66,7 @@ void ControlWidget::repaint_now() {
     if (exposed && since_painted_.isValid() && !since_painted_.hasExpired(frame)) {
         return;
     }
+    handler_goes_on();
     paint_at_once(*widget_.window());
     since_painted_.start();
 }

@@ -2,6 +2,7 @@
 #include "qt/menu_bar.h"
 
 #include "platform/application.h"
+#include "qt/busy_sign.h"
 #include "qt/widget_text.h"
 
 #include <QSet>
@@ -53,6 +54,7 @@ void fill_menu(QMenu& widget, const Menu& menu, Window*& window) {
         if (!item.is_separator()) {
             QObject::connect(action, &QAction::triggered, &widget, [&window, name = item.name()] {
                 if (window != nullptr) {
+                    const CommandSign sign(*window);
                     window->activate();
                     window->application().choose_menu(name);
                 }

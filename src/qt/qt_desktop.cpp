@@ -3,6 +3,7 @@
 
 #include "platform/application.h"
 #include "platform/user_folders.h"
+#include "qt/busy_sign.h"
 #include "qt/dialogs.h"
 #include "qt/earlier_input.h"
 #include "qt/endings.h"
@@ -32,6 +33,10 @@ namespace {
 
 FolderItem folder_item(const QString& path) {
     return FolderItem(QFile::encodeName(path).toStdString());
+}
+
+qint64 file_size(const FolderItem& file) {
+    return QFileInfo(QFile::decodeName(file.path().c_str())).size();
 }
 
 bool lives_beside_program() { // where it was built
@@ -109,26 +114,37 @@ std::vector<FolderItem> QtDesktop::document_folders() {
 
 DialogAnswer QtDesktop::show_dialog(const MessageDialog& dialog) {
     put_waiting_on_screen();
+    const QuestionSign question;
     return qt::show_dialog(active_widget(), dialog);
 }
 
 std::optional<FolderItem> QtDesktop::choose_open_file(const FileRequest& request) {
     put_waiting_on_screen();
-    return qt::choose_open_file(active_widget(), request);
+    auto chosen = [&] {
+        const QuestionSign question;
+        return qt::choose_open_file(active_widget(), request);
+    }();
+    if (chosen) {
+        handler_works_on(file_size(*chosen));
+    }
+    return chosen;
 }
 
 std::optional<FolderItem> QtDesktop::choose_save_file(const FileRequest& request) {
     put_waiting_on_screen();
+    const QuestionSign question;
     return qt::choose_save_file(active_widget(), request);
 }
 
 std::unique_ptr<Graphics> QtDesktop::choose_printer() {
     put_waiting_on_screen();
+    const QuestionSign question;
     return printer_choice_.ask(active_widget());
 }
 
 void QtDesktop::show_fault(const FaultReport& report) {
     put_waiting_on_screen();
+    const QuestionSign question;
     qt::show_fault(active_widget(), report);
 }
 
@@ -244,6 +260,7 @@ void QtDesktop::window_closed(Window& window) {
 
 void QtDesktop::event_ended() {
     put_waiting_on_screen();
+    handler_ended();
     activation_.event_ended();
 }
 
@@ -273,6 +290,7 @@ void QtDesktop::repaint_uncovered() {
     if (application_ != nullptr && application_->busy()) {
         drop_input_so_far();
         put_waiting_on_screen();
+        handler_goes_on();
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
     }
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "dialog_driver.h"
 #include "fixture.h"
 
 #include "qt/menu_bar.h"
@@ -11,7 +12,7 @@ namespace tessit::qt {
 
 namespace {
 
-class Windows : public SampleTest {
+class Windows : public SampleTest, protected DialogDriver {
 protected:
     QMenu& file_menu() { return find<QMenu>("FileMenu"); }
     QAction& entry(const char* name) {
@@ -189,7 +190,7 @@ TEST_F(Windows, notice_is_painted_while_the_handler_blocks) {
     });
 }
 
-TEST_F(Windows, long_wait_repaints_and_lets_no_input_in) {
+TEST_F(Windows, long_wait_repaints_shows_itself_and_lets_no_input_in) {
     struct Painted : QObject {
         int count = 0;
         bool eventFilter(QObject*, QEvent* event) override {
@@ -199,12 +200,25 @@ TEST_F(Windows, long_wait_repaints_and_lets_no_input_in) {
     } painted;
     auto& button = find<QPushButton>("button");
     button.installEventFilter(&painted);
-    app.from_user("transfer", [&] {
+    const auto is_busy = [&] {
+        const QCursor* cursor = QGuiApplication::overrideCursor();
+        return button.isDown() && cursor != nullptr && cursor->shape() == Qt::WaitCursor;
+    };
+    const auto is_idle = [&] { return !button.isDown() && QGuiApplication::overrideCursor() == nullptr; };
+    window().on_button = [&] {
         for (int wait = 0; wait < 60; ++wait) {
             button.update();
             app.wait(5'000);
         }
-    });
+        EXPECT_TRUE(is_busy());
+        when_shown<QMessageBox>([&](QMessageBox& box) {
+            EXPECT_TRUE(is_idle());
+            box.accept();
+        });
+        app.MsgBox("Go on?");
+    };
+    QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_TRUE(is_idle());
     EXPECT_GT(painted.count, 0);
     EXPECT_TRUE(app.log.empty());
 }
