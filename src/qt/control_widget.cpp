@@ -2,6 +2,7 @@
 #include "qt/control_widget.h"
 
 #include "qt/busy_sign.h"
+#include "qt/look.h"
 #include "qt/widget_text.h"
 
 #include <QCoreApplication>
@@ -85,7 +86,7 @@ void ControlWidget::tell(const std::function<void()>& door) {
 void ControlWidget::set_text_size(int points) {
     if (points > 0) {
         QFont font = widget_.font();
-        font.setPixelSize(points);
+        font.setPixelSize(scaled(points, text_scale(widget_)));
         widget_.setFont(font);
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qt/styled_field_widget.h"
 
+#include "qt/look.h"
 #include "qt/styled_document.h"
 
 #include <QTextCursor>
@@ -21,7 +22,7 @@ StyledFieldWidget::StyledFieldWidget(EditField& field, QWidget& parent)
 }
 
 void StyledFieldWidget::show_values() {
-    const QFont font = with_size(edit_.font(), field().TextSize());
+    const QFont font = with_size(edit_.font(), scaled(field().TextSize(), text_scale(edit_)));
     if (edit_.document()->defaultFont() != font) {
         edit_.document()->setDefaultFont(font);
     }
