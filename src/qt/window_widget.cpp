@@ -13,7 +13,6 @@
 #include "qt/static_widgets.h"
 #include "qt/widget_text.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -27,18 +26,18 @@ namespace tessit::qt {
 
 namespace {
 
-Qt::WindowFlags flags_of(WindowFrame frame) {
-    return frame == WindowFrame::notice
-               ? Qt::Tool | Qt::WindowTitleHint | Qt::WindowCloseButtonHint | Qt::CustomizeWindowHint
-               : Qt::Window;
-}
-
 // The application's as it is now: a later one would not fit the places.
 QFont font_of_its_own() {
     QFont font = QApplication::font();
     font.setFamilies(font.families());
     font.setPixelSize(font.pixelSize());
     return font;
+}
+
+Qt::WindowFlags flags_of(WindowFrame frame) {
+    return frame == WindowFrame::notice
+               ? Qt::Tool | Qt::WindowTitleHint | Qt::WindowCloseButtonHint | Qt::CustomizeWindowHint
+               : Qt::Window;
 }
 
 PushButton* button_for(const Window& window, const QKeyEvent& event) {
@@ -237,8 +236,7 @@ void WindowWidget::keyPressEvent(QKeyEvent* event) {
     if (button == nullptr) {
         return QMainWindow::keyPressEvent(event);
     }
-    findChild<QAbstractButton*>(to_widget(button->name()))
-        ->click(); // not the model's, so that it is seen to be pressed
+    button->click();
 }
 
 void WindowWidget::tell_place() {
