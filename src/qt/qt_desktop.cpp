@@ -224,7 +224,7 @@ void QtDesktop::follow_desktop_font() {
     if (followed_font_ != font) {
         followed_font_ = font;
         QApplication::setFont(window_font(font));
-        QApplication::setFont(font, "QDialog");
+        QApplication::setFont(font, "QMessageBox"); // also those of Qt's own dialogs
     }
 }
 
