@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qt/button_widgets.h"
 
+#include "qt/busy_sign.h"
 #include "qt/look.h"
 #include "qt/widget_text.h"
 
@@ -70,7 +71,12 @@ PushButtonWidget::PushButtonWidget(PushButton& button, QWidget& parent)
     : ControlWidget(button, *new Button(button.own().key, &parent)), button_(button),
       widget_(static_cast<QPushButton&>(widget())) {
     set_text_size(button.own().text_size);
-    connect(&widget_, &QPushButton::clicked, this, [this] { tell([this] { button_.click(); }); });
+    connect(&widget_, &QPushButton::clicked, this, [this] { tell([this] { click(); }); });
+}
+
+void PushButtonWidget::click() {
+    const CommandSign sign(button_.window(), &widget_);
+    button_.click();
 }
 
 QSize PushButtonWidget::needed_size() const {

@@ -20,6 +20,7 @@ public:
     void press() { widget_.click(); }     // by such a key, as by a click on it
 
 private:
+    void click();
     void show_values() override;
 
     PushButton& button_;

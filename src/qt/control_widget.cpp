@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "qt/control_widget.h"
 
+#include "qt/busy_sign.h"
+#include "qt/look.h"
 #include "qt/widget_text.h"
 
 #include <QCoreApplication>
@@ -72,6 +74,7 @@ void ControlWidget::repaint_now() {
     if (exposed && since_painted_.isValid() && !since_painted_.hasExpired(frame)) {
         return;
     }
+    handler_goes_on();
     paint_at_once(*widget_.window());
     since_painted_.start();
 }
@@ -90,7 +93,7 @@ void ControlWidget::tell(const std::function<void()>& door) {
 void ControlWidget::set_text_size(int points) {
     if (points > 0) {
         QFont font = widget_.font();
-        font.setPixelSize(points);
+        font.setPixelSize(scaled(points, text_scale(widget_)));
         widget_.setFont(font);
     }
 }

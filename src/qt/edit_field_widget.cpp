@@ -220,7 +220,8 @@ void FieldWidget::tell_selection(const QTextCursor& cursor, const QString& text)
 void FieldWidget::show_text_size() {
     if (field_.TextSize() != shown_size_) {
         shown_size_ = field_.TextSize();
-        widget().setFont(with_size(QApplication::font(), shown_size_));
+        const QWidget& window = *widget().window();
+        widget().setFont(with_size(window.font(), scaled(shown_size_, text_scale(window))));
     }
 }
 

@@ -4,6 +4,7 @@
 #include "platform/fault.h"
 #include "platform/file_replacement.h"
 #include "qt/dialogs.h"
+#include "qt/look.h"
 #include "qt/widget_text.h"
 
 #include <QDialogButtonBox>
@@ -33,6 +34,7 @@ class FileDialog : public QFileDialog {
 public:
     FileDialog(QWidget* parent, const QString& title, const FileRequest& request)
         : QFileDialog(parent, title), extension_(to_widget(request.type.Extensions)) {
+        setFont(desktop_font());
         setOption(DontUseNativeDialog); // alike everywhere, and its rules are known
         setDirectory(from_path(request.start_folder.path()));
         setNameFilter(to_widget(request.type.Name) + QLatin1String(" (*") + extension_ + QLatin1Char(')'));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qt/html_viewer_widget.h"
 
+#include "qt/look.h"
 #include "qt/widget_text.h"
 
 #include <QDir>
@@ -34,6 +35,7 @@ HTMLViewerWidget::HTMLViewerWidget(HTMLViewer& viewer, QWidget& parent)
     : ControlWidget(viewer, *new QWidget(&parent)), viewer_(viewer), row_(*new QWidget(&widget())),
       pages_(*new QStackedWidget(&widget())), html_(*new DocumentBrowser(&pages_)), pdf_(*new PdfPage(pages_)),
       notice_(*new QLabel(&widget())), find_bar_(*new FindBar(widget())) {
+    widget().setFont(in_pixels(desktop_font()));
     auto* column = new QVBoxLayout(&widget());
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);

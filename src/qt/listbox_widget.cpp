@@ -3,6 +3,7 @@
 
 #include "qt/column_widths.h"
 #include "qt/focus_frame.h"
+#include "qt/look.h"
 #include "qt/menu_bar.h"
 #include "qt/widget_text.h"
 
@@ -39,10 +40,11 @@ ListboxWidget::ListboxWidget(Listbox& listbox, QWidget& parent)
     view_.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     view_.verticalHeader()->hide();
     view_.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    view_.verticalHeader()->setDefaultSectionSize(std::max(Listbox::row_height, view_.fontMetrics().height() + 4));
+    view_.verticalHeader()->setDefaultSectionSize(
+        std::max(scaled(Listbox::row_height, text_scale(parent)), view_.fontMetrics().height() + 4));
     view_.horizontalHeader()->setVisible(listbox.own().has_heading);
     view_.horizontalHeader()->setHighlightSections(false);
-    view_.horizontalHeader()->setMinimumSectionSize(20);
+    view_.horizontalHeader()->setMinimumSectionSize(scaled(20, text_scale(parent)));
     view_.installEventFilter(this);
     view_.viewport()->installEventFilter(this);
     if (listbox.own().on_cell_background_paint || listbox.own().on_cell_text_paint) {
@@ -192,7 +194,7 @@ void ListboxWidget::show_scroll_position() {
 }
 
 void ListboxWidget::share_width() {
-    const auto widths = column_widths(listbox_.ColumnWidths(), needed_, view_.viewport()->width());
+    const auto widths = column_widths(listbox_.ColumnWidths(), text_scale(view_), needed_, view_.viewport()->width());
     sharing_ = true;
     for (std::size_t column = 0; column < widths.size(); ++column) {
         if (!dragged_[column]) {
@@ -221,7 +223,7 @@ void ListboxWidget::measure(int row, int column) {
     longest_[at] = text.size();
     const int width = view_.fontMetrics().horizontalAdvance(to_widget(text)) + cell_margins;
     if (width > needed_[at]) {
-        needed_[at] = std::min(width, std::max(widest_need, needed_[at]));
+        needed_[at] = std::min(width, std::max(scaled(widest_need, text_scale(view_)), needed_[at]));
         share_width();
     }
 }

@@ -2,6 +2,7 @@
 #include "qt/menu_bar.h"
 
 #include "platform/application.h"
+#include "qt/busy_sign.h"
 #include "qt/look.h"
 #include "qt/widget_text.h"
 
@@ -99,6 +100,7 @@ void fill_menu(QMenu& widget, const Items& items, Window*& window) {
         if (!item.is_separator()) {
             QObject::connect(action, &QAction::triggered, &widget, [&window, name = item.name()] {
                 if (window != nullptr) {
+                    const CommandSign sign(*window);
                     window->activate();
                     window->application().choose_menu(name);
                 }
@@ -163,6 +165,7 @@ void show_entries(const std::vector<std::string_view>& names, QPoint place, QWid
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setObjectName(owner.objectName() + QLatin1String("_commands"));
     menu->setPalette(legible_palette());
+    menu->setFont(owner.window()->font());
     Items items;
     for (const std::string_view name : names) {
         items.push_back(&window->application().MenuBar1.item(name));

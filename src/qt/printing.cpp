@@ -4,6 +4,7 @@
 #include "platform/fault.h"
 #include "platform/file_replacement.h"
 #include "qt/dialogs.h"
+#include "qt/look.h"
 #include "qt/page_painter.h"
 
 #include <QBuffer>
@@ -121,6 +122,7 @@ std::unique_ptr<Graphics> PrinterChoice::ask(QWidget* parent) {
     }
     QPrintDialog dialog(printer_.get(), parent);
     dialog.setObjectName(QStringLiteral("print_dialog"));
+    dialog.setFont(desktop_font());
     leave_out_page_options(dialog);
     propose_file_name(dialog);
     count_dialog();

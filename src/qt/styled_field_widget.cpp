@@ -2,6 +2,7 @@
 #include "qt/styled_field_widget.h"
 
 #include "qt/focus_frame.h"
+#include "qt/look.h"
 #include "qt/styled_document.h"
 
 #include <QTextCursor>
@@ -22,7 +23,7 @@ StyledFieldWidget::StyledFieldWidget(EditField& field, QWidget& parent)
 }
 
 void StyledFieldWidget::show_values() {
-    const QFont font = with_size(edit_.font(), field().TextSize());
+    const QFont font = with_size(edit_.font(), scaled(field().TextSize(), text_scale(edit_)));
     if (edit_.document()->defaultFont() != font) {
         edit_.document()->setDefaultFont(font);
     }

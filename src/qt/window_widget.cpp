@@ -13,6 +13,7 @@
 #include "qt/static_widgets.h"
 #include "qt/widget_text.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
@@ -25,6 +26,14 @@
 namespace tessit::qt {
 
 namespace {
+
+// The application's as it is now: a later one would not fit the places.
+QFont font_of_its_own() {
+    QFont font = QApplication::font();
+    font.setFamilies(font.families());
+    font.setPixelSize(font.pixelSize());
+    return font;
+}
 
 Qt::WindowFlags flags_of(WindowFrame frame) {
     return frame == WindowFrame::notice
@@ -48,8 +57,11 @@ WindowWidget::WindowWidget(Window& model, Activation& activation)
       frame_(model.design().frame), designed_size_(model.design().width, model.design().height),
       color_(model.design().color), scroll_(*new QScrollArea(this)), content_(*new QWidget) {
     setObjectName(to_widget(model.name()));
-    setWindowTitle(to_widget(model.Title()));
+    setWindowTitle(to_widget(model.Title()) + (is_document() ? QLatin1String("[*]") : QLatin1String()));
     setAttribute(Qt::WA_ShowWithoutActivating, is_notice());
+    setFont(font_of_its_own());
+    scale_ = text_scale(*this);
+    content_size_ = scaled(designed_size_, scale_);
     scroll_.setFrameShape(QFrame::NoFrame);
     scroll_.setFocusPolicy(Qt::NoFocus);
     scroll_.setWidget(&content_);
@@ -79,12 +91,12 @@ void WindowWidget::make_controls() {
     std::vector<Placed> placed;
     for (const auto& control : controls_) {
         const Place& place = control->design().place;
-        placed.push_back({.designed = QRect(place.left, place.top, place.width, place.height),
+        placed.push_back({.designed = scaled(QRect(place.left, place.top, place.width, place.height), scale_),
                           .needed = control->needed_size(),
                           .halves_to_the_left = control->halves_to_the_left(),
                           .is_frame = control->is_frame()});
     }
-    places_ = places_with_room(placed, designed_size_);
+    places_ = places_with_room(placed, content_size_);
     lay_out();
 }
 
@@ -123,26 +135,49 @@ void WindowWidget::set_colors() {
 }
 
 void WindowWidget::lay_out() {
-    const QSize size = scroll_.viewport()->size().expandedTo(designed_size_);
+    const QSize size = scroll_.viewport()->size().expandedTo(content_size_);
     content_.resize(size);
     for (std::size_t at = 0; at < places_.size(); ++at) {
         ControlWidget& control = *controls_[at];
-        control.widget().setGeometry(grown(places_[at], control.design().grow, size - designed_size_));
+        control.widget().setGeometry(grown(places_[at], control.design().grow, size - content_size_));
     }
 }
 
-void WindowWidget::place_on_screen(const QWidget* active) {
-    ensurePolished();
-    QSize size = designed_size_;
-    if (auto* bar = qobject_cast<QMenuBar*>(layout()->menuBar())) {
+QSize WindowWidget::natural_size() const {
+    QSize size = content_size_;
+    if (const auto* bar = qobject_cast<const QMenuBar*>(layout()->menuBar())) {
         size.setWidth(std::max(size.width(), bar->sizeHint().width()));
         size.rheight() += bar->sizeHint().height();
     }
-    setMinimumSize(std::min(240, size.width()), std::min(120, size.height()));
-    setGeometry(place_for_window(size, frame_, active));
+    return size;
+}
+
+void WindowWidget::place_on_screen(const OpenWindows& open) {
+    ensurePolished();
+    const QSize size = natural_size();
+    setMinimumSize(scaled(QSize(240, 120), scale_).boundedTo(size));
+    setGeometry(place_for_window(size, frame_, open));
     if (is_notice()) {
         setFixedSize(size);
-        keep_above(active);
+        keep_above(open.active);
+    }
+}
+
+void WindowWidget::place_on_screen_again(const KeptPlace& kept) {
+    setGeometry(place_again(kept, natural_size()));
+    if (kept.maximized) {
+        setWindowState(windowState() | Qt::WindowMaximized);
+    }
+}
+
+KeptPlace WindowWidget::kept_place() const {
+    return place_to_keep(*this, natural_size());
+}
+
+void WindowWidget::show_document(const ShownDocument& document) {
+    setWindowFilePath(to_widget(document.path));
+    if (isWindowModified() != document.modified) {
+        setWindowModified(document.modified);
     }
 }
 
