@@ -61,7 +61,9 @@ public:
     ComboBox wavebox{
         *this,
         {.name = "wavebox", .place = {380, 64, 137, 20}, .label = "Wavetype"},
-        {.items = wave_texts(composer_wave_order), .list_index = 0, .on_change = [this] { wavebox_Change(); }}};
+        {.items = wave_texts(composer_wave_order), .list_index = 0, .completes = true, .on_change = [this] {
+             wavebox_Change();
+         }}};
     StaticText width_caption{*this, {.name = "width_caption", .place = {545, 42, 60, 20}}, {.text = "Width"}};
     ComboBox widthbox{*this,
                       {.name = "widthbox", .place = {545, 64, 40, 20}, .label = "Width", .enabled = false},
