@@ -50,6 +50,7 @@ void EditField::take(tessit::StyledText next) {
     if (text_differs) {
         raise("TextChange", own_.on_text_change);
     }
+    raise("StyleChange", own_.on_style_change);
 }
 
 void EditField::archive_values(Archive& archive) {
@@ -78,7 +79,8 @@ void EditField::toggle(TextFlag property) {
         TextStyle style = input_style();
         style.*property = !(style.*property);
         chosen_style_ = style;
-        return show_change();
+        show_change();
+        return raise("StyleChange", own_.on_style_change);
     }
     tessit::StyledText next = styled_;
     next.set(start, length, property, !next.all(start, length, property));
@@ -92,7 +94,13 @@ void EditField::select(TextSelection selection) {
     if (selection != selection_) {
         selection_ = selection;
         chosen_style_.reset();
+        raise("StyleChange", own_.on_style_change);
     }
+}
+
+bool EditField::SelectionHas(TextFlag property) const {
+    const auto [start, length] = selection_;
+    return length == 0 ? input_style().*property : styled_.all(start, length, property);
 }
 
 std::string EditField::SelText() const {

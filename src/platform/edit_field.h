@@ -26,6 +26,7 @@ struct EditFieldDesign {
     std::function<bool(const std::string& key)> on_key_down{};
     std::function<void()> on_text_change{};
     std::function<void()> on_edit{}; // the user changed the text, by whatever means; after the change
+    std::function<void()> on_style_change{}; // another style may be that of the selection now
     std::function<void()> on_lost_focus{};
 };
 
@@ -62,6 +63,8 @@ public:
     void ToggleSelectionItalic() { toggle(&TextStyle::italic); }
     void ToggleSelectionUnderline() { toggle(&TextStyle::underline); }
     const std::optional<TextStyle>& chosen_style() const { return chosen_style_; } // of what is typed next
+    // Whether all that is selected has it; with an empty selection, whether what is typed next will.
+    bool SelectionHas(TextFlag property) const;
 
     // User input. `type` sends each character through KeyDown and then to the end of the text; `press` sends a key
     // that is no character. `key_down` is KeyDown alone: true when the key is used up. `edit` is the whole text as
