@@ -49,6 +49,7 @@ struct ControlDesign {
     bool enabled = true;
     bool visible = true;
     Grow grow = Grow::none;
+    bool derived = false; // what it shows is told by the others' values, so it needs not be kept with them
 };
 
 // What a front end puts behind a control.
