@@ -160,6 +160,17 @@ bool EditField::SelectionHas(TextFlag property) const {
     return length == 0 ? input_style().*property : styled_.all(start, length, property);
 }
 
+void EditField::SelectAll() {
+    select({.start = 0, .length = Len(Text())});
+    if (view() != nullptr) {
+        view()->select_all();
+    }
+}
+
+bool EditField::holds_input() const {
+    return !own_.read_only && Text() != accepted(own_.text);
+}
+
 std::string EditField::SelText() const {
     return Mid(Text(), selection_.start, selection_.length);
 }

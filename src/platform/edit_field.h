@@ -48,6 +48,7 @@ public:
     int SelStart() const { return selection_.start; }
     int SelLength() const { return selection_.length; }
     std::string SelText() const;
+    void SelectAll();                       // so that the next text typed takes its place
     void SetSelText(std::string_view text); // in place of the selection, which is then the place behind it
 
     int TextSize() const { return text_size_; } // of characters whose style has no size; 0 for the system's
@@ -81,6 +82,7 @@ public:
     void undo();                               // TextChange and Edit, as by any edit; the old selection comes back
     void redo();
     void leave();
+    bool holds_input() const override;
 
 protected:
     void archive_values(Archive& archive) override; // without styles and selection

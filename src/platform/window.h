@@ -48,6 +48,8 @@ public:
 
     std::string Title() const { return design_.title; }
     int Frame() const { return static_cast<int>(design_.frame); }
+    // Documents do, and dialogs into which something has been typed.
+    bool holds_work() const;
     int Left() const { return left_; } // of the content on the screen, in points
     int Top() const { return top_; }
     bool Visible() const { return visible_; }

@@ -39,6 +39,7 @@ private:
     void text_changed(const QString& text);
     void finish_typing();
     QString typed_text() const;
+    bool finishing_key_used_up(int key);
 
     ComboBox& combo_;
     bool typing_ = false;

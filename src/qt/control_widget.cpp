@@ -50,9 +50,16 @@ void ControlWidget::quietly(const std::function<void()>& change) {
 
 void ControlWidget::show_state() {
     widget_.setEnabled(control_->Enabled());
-    if (widget_.isHidden() == control_->Visible()) {
-        widget_.setVisible(control_->Visible());
+    const bool shown = control_->Visible() && !out_of_sight_;
+    if (widget_.isHidden() == shown) {
+        widget_.setVisible(shown);
     }
+}
+
+void ControlWidget::keep_out_of_sight() {
+    out_of_sight_ = true;
+    widget_.setFocusPolicy(Qt::NoFocus);
+    widget_.hide();
 }
 
 // Oftener than the eye can follow, painting would be most of what the handler does; the rest comes when it waits.

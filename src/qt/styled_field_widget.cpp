@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qt/styled_field_widget.h"
 
+#include "qt/focus_frame.h"
 #include "qt/styled_document.h"
 
 #include <QTextCursor>
@@ -9,7 +10,7 @@
 namespace tessit::qt {
 
 StyledFieldWidget::StyledFieldWidget(EditField& field, QWidget& parent)
-    : FieldWidget(field, *new QTextEdit(&parent)), edit_(static_cast<QTextEdit&>(widget())) {
+    : FieldWidget(field, *new FocusFrame<QTextEdit>(&parent)), edit_(static_cast<QTextEdit&>(widget())) {
     edit_.setAcceptRichText(false);
     edit_.setTabChangesFocus(true);
     edit_.setReadOnly(field.own().read_only);

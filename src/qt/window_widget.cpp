@@ -2,8 +2,8 @@
 #include "qt/window_widget.h"
 
 #include "platform/application.h"
-#include "platform/buttons.h"
 #include "qt/activation.h"
+#include "qt/button_widgets.h"
 #include "qt/control_factory.h"
 #include "qt/control_layout.h"
 #include "qt/file_drop.h"
@@ -18,6 +18,7 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QWindow>
 #include <algorithm>
 
@@ -31,16 +32,13 @@ Qt::WindowFlags flags_of(WindowFrame frame) {
                : Qt::Window;
 }
 
-PushButton* button_for(const Window& window, const QKeyEvent& event) {
+bool is_escape(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Escape && event.modifiers() == Qt::NoModifier;
+}
+
+ButtonKey button_key(const QKeyEvent& event) {
     const bool enters = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    for (Control* control : window.controls()) {
-        auto* button = dynamic_cast<PushButton*>(control);
-        const ButtonKey key = button == nullptr ? ButtonKey::none : button->own().key;
-        if ((key == ButtonKey::enter && enters) || (key == ButtonKey::escape && event.key() == Qt::Key_Escape)) {
-            return button;
-        }
-    }
-    return nullptr;
+    return enters ? ButtonKey::enter : is_escape(event) ? ButtonKey::escape : ButtonKey::none;
 }
 
 } // namespace
@@ -66,6 +64,7 @@ WindowWidget::WindowWidget(Window& model, Activation& activation)
     make_controls();
     set_tab_order();
     set_first_focus();
+    new QShortcut(QKeySequence::Close, this, [this] { close(); });
     if (model.design().has_menu_bar) {
         new FileDrop(*this);
     }
@@ -94,7 +93,7 @@ void WindowWidget::set_tab_order() {
     for (const auto& control : controls_) {
         QWidget& widget = control->widget();
         if (!is_reachable(control->design().place, designed_size_)) {
-            widget.setFocusPolicy(Qt::NoFocus);
+            control->keep_out_of_sight();
         } else if (before != nullptr) {
             setTabOrder(before, &widget);
         }
@@ -197,11 +196,21 @@ bool WindowWidget::eventFilter(QObject*, QEvent* event) {
 }
 
 void WindowWidget::keyPressEvent(QKeyEvent* event) {
-    PushButton* button = model_ == nullptr ? nullptr : button_for(*model_, *event);
-    if (button == nullptr) {
+    if (model_ == nullptr) {
         return QMainWindow::keyPressEvent(event);
     }
-    button->click();
+    for (const auto& control : controls_) {
+        auto* button = dynamic_cast<PushButtonWidget*>(control.get());
+        if (button != nullptr && button->answers_to(button_key(*event))) {
+            return button->press();
+        }
+    }
+    if (event->matches(QKeySequence::HelpContents)) {
+        return model_->application().show_help_on(*model_);
+    }
+    if (is_escape(*event) && !model_->holds_work()) {
+        close();
+    }
 }
 
 void WindowWidget::tell_place() {

@@ -140,6 +140,7 @@ TEST_F(EveryWindow, shows_its_texts_whole_and_apart) {
         app.load_direct_window->loadcompleted.SetVisible(true);
         editor.changelvlfield.SetVisible(true);
     });
+    EXPECT_TRUE(find<QLineEdit>(app.editwindow.get(), "EditField1").isHidden()) << "it lies off the content";
     const QImage change_field = find<QLineEdit>(app.editwindow.get(), "changelvlfield").grab().toImage();
     EXPECT_EQ(change_field.pixelColor(5, 8), QColor(Qt::red));
     EXPECT_GE(app.WindowCount(), 19);

@@ -25,6 +25,7 @@ protected:
 };
 
 TEST_F(Windows, menu_asks_anew_each_time_it_opens) {
+    EXPECT_TRUE(eventually([&] { return !entry("FileSave").isEnabled(); })) << "before a menu opens";
     const auto open = [&] { Q_EMIT file_menu().aboutToShow(); };
     open();
     EXPECT_TRUE(entry("FileOpen").isEnabled() && !entry("FileSave").isEnabled());
