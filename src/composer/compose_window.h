@@ -42,17 +42,20 @@ public:
         {.name = "freq_listBox",
          .place = {57, 43, 201, 152},
          .label = "Frequencies",
-         .help_tag = "Click a prime or a centre to take it into the entry fields"},
+         .help_tag = "Click a prime or a centre to take it into the entry fields",
+         .grow = Grow::upper_half},
         {.columns = prime_column::count,
          .on_cell_click = [this](int row, int column) { return freq_listBox_CellClick(row, column); },
          .on_cell_background_paint = [this](CellGraphics& g, int row,
                                             int column) { freq_listBox_CellBackgroundPaint(g, row, column); },
          .on_cell_text_paint = [this](CellGraphics& g, int row, int column, int x,
                                       int y) { return freq_listBox_CellTextPaint(g, row, column, x, y); }}};
-    PushButton allbutton{
-        *this,
-        {.name = "allbutton", .place = {152, 209, 80, 20}, .help_tag = "Enters every prime with the present settings"},
-        {.caption = "Default all", .on_action = [this] { allbutton_Action(); }}};
+    PushButton allbutton{*this,
+                         {.name = "allbutton",
+                          .place = {152, 209, 80, 20},
+                          .help_tag = "Enters every prime with the present settings",
+                          .grow = Grow::between_halves},
+                         {.caption = "Default all", .on_action = [this] { allbutton_Action(); }}};
     StaticText name_caption{*this, {.name = "name_caption", .place = {284, 11, 112, 20}}, {.text = "Protocol Name:"}};
     EditField namefield{*this, {.name = "namefield", .place = {402, 9, 183, 22}, .label = "Protocol Name"}};
     StaticText freq_caption{*this, {.name = "freq_caption", .place = {284, 42, 92, 20}}, {.text = "Base Frequency"}};
@@ -61,7 +64,9 @@ public:
     ComboBox wavebox{
         *this,
         {.name = "wavebox", .place = {380, 64, 137, 20}, .label = "Wavetype"},
-        {.items = wave_texts(composer_wave_order), .list_index = 0, .on_change = [this] { wavebox_Change(); }}};
+        {.items = wave_texts(composer_wave_order), .list_index = 0, .completes = true, .on_change = [this] {
+             wavebox_Change();
+         }}};
     StaticText width_caption{*this, {.name = "width_caption", .place = {545, 42, 60, 20}}, {.text = "Width"}};
     ComboBox widthbox{*this,
                       {.name = "widthbox", .place = {545, 64, 40, 20}, .label = "Width", .enabled = false},
@@ -102,10 +107,12 @@ public:
     EditField totaltimefield{*this,
                              {.name = "totaltimefield", .place = {614, 212, 80, 22}, .label = "Total Bank Time"},
                              {.read_only = true}};
-    StaticText protocol_caption{*this, {.name = "protocol_caption", .place = {57, 226, 90, 20}}, {.text = "Protocol:"}};
+    StaticText protocol_caption{*this,
+                                {.name = "protocol_caption", .place = {57, 226, 90, 20}, .grow = Grow::between_halves},
+                                {.text = "Protocol:"}};
     Listbox compose_displayBox{
         *this,
-        {.name = "compose_displayBox", .place = {57, 246, 825, 200}, .label = "Protocol", .grow = Grow::both},
+        {.name = "compose_displayBox", .place = {57, 246, 825, 200}, .label = "Protocol", .grow = Grow::lower_half},
         {.columns = column::count,
          .on_double_click = [this] { compose_displayBox_DoubleClick(); },
          .on_cell_click = [this](int, int) { return compose_displayBox_CellClick(); },

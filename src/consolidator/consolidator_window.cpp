@@ -39,6 +39,7 @@ void ConsolidatorWindow::Event_Activate() {
     app.dataentry = false;
     app.composed = false;
     app.myactivewindow = document::consolidator;
+    show_count(); // in the notation that is set now
 }
 
 void ConsolidatorWindow::Event_EnableMenuItems() {
@@ -51,9 +52,13 @@ void ConsolidatorWindow::Event_EnableMenuItems() {
 }
 
 bool ConsolidatorWindow::entryField_KeyDown(const std::string& key) {
-    if (!is_enter_key(key)) {
-        return false;
+    if (is_enter_key(key)) {
+        change_list([this] { add_entry(); });
     }
+    return false; // so the letter L stays behind in the field
+}
+
+void ConsolidatorWindow::add_entry() {
     if (app.numentries > 0) { // entries counted, not text: after an opened list the first one joins its last number
         freqdisplayfield.SetText(freqdisplayfield.Text() + typed_separator(app.decimal_mark()));
     }
@@ -64,12 +69,45 @@ bool ConsolidatorWindow::entryField_KeyDown(const std::string& key) {
     app.dataentry = true;
     app.enable_menu_items();
     ++app.numentries;
-    return false; // so the letter L stays behind in the field
 }
 
 void ConsolidatorWindow::freqdisplayfield_TextChange() {
     for (const Rewriting& rewriting : separator_rewritings(app.decimal_mark())) {
         freqdisplayfield.SetText(ReplaceAll(freqdisplayfield.Text(), rewriting.what, rewriting.with));
+    }
+    show_count();
+}
+
+void ConsolidatorWindow::show_count() {
+    const int count = count_entries(freqdisplayfield.Text(), app.decimal_mark());
+    countText.SetText(count == 0 ? "" : Str(count) + (count == 1 ? " entry" : " entries"));
+}
+
+ConsolidatorWindow::Circumstances ConsolidatorWindow::circumstances() const {
+    return {.name = nameField.Text(), .use_euro = app.use_euro, .datasort = app.datasort, .numentries = app.numentries};
+}
+
+void ConsolidatorWindow::change_list(const std::function<void()>& command) {
+    const Circumstances before = circumstances();
+    command();
+    const Circumstances after = circumstances();
+    freqdisplayfield.also_undone([=, this] { bring_back(after, before); }, [=, this] { bring_back(before, after); });
+}
+
+// What the command left alone may have become something else since.
+void ConsolidatorWindow::bring_back(const Circumstances& from, const Circumstances& to) {
+    if (to.name != from.name) {
+        nameField.SetText(to.name);
+    }
+    if (to.use_euro != from.use_euro) {
+        app.use_euro = to.use_euro;
+        (app.use_euro ? isoDecimal : naDecimal).SetValue(true);
+    }
+    if (to.datasort != from.datasort) {
+        app.datasort = to.datasort;
+    }
+    if (to.numentries != from.numentries) {
+        app.numentries = to.numentries;
     }
 }
 
@@ -82,11 +120,13 @@ void ConsolidatorWindow::composebutton_Action() {
 void ConsolidatorWindow::naDecimal_Action() {
     app.use_euro = false;
     freqdisplayfield.SetText(in_point_notation(freqdisplayfield.Text()));
+    show_count();
 }
 
 void ConsolidatorWindow::isoDecimal_Action() {
     app.use_euro = true;
     freqdisplayfield.SetText(in_comma_notation(freqdisplayfield.Text()));
+    show_count();
 }
 
 MessageDialog ConsolidatorWindow::closing_question() const {
@@ -98,6 +138,7 @@ void ConsolidatorWindow::archive_document(Archive& archive) {
     archive_shared_state(archive, app);
     archive.number("numentries", app.numentries);
     archive.flag("composed", app.composed);
+    show_count();
 }
 
 bool ConsolidatorWindow::Event_CancelClose() {

@@ -32,39 +32,44 @@ public:
                          {.line_end = [this] { return std::string(typed_separator(app.decimal_mark())); },
                           .on_key_down = [this](const std::string& key) { return entryField_KeyDown(key); }}};
     StaticText StaticText19{*this, {.name = "StaticText19", .place = {290, 76, 120, 20}}, {.text = "Frequency List:"}};
+    StaticText countText{*this, {.name = "countText", .place = {420, 76, 325, 20}, .derived = true}};
     EditField freqdisplayfield{
         *this,
         {.name = "freqdisplayfield", .place = {290, 98, 455, 303}, .label = "Frequency List", .grow = Grow::both},
-        {.multiline = true, .on_text_change = [this] { freqdisplayfield_TextChange(); }}};
+        {.multiline = true, .keeps_history = true, .on_text_change = [this] { freqdisplayfield_TextChange(); }}};
     StaticText StaticText2{*this, {.name = "StaticText2", .place = {290, 16, 250, 20}}, {.text = "Protocol Name:"}};
     EditField nameField{
         *this, {.name = "nameField", .place = {290, 38, 270, 24}, .label = "Protocol Name"}, {.text = "untitled"}};
-    PushButton SortupButton{*this,
-                            {.name = "SortupButton", .place = {20, 132, 250, 26}},
-                            {.caption = "Sort Increasing", .on_action = [this] { app.consolidatorsortup(); }}};
-    PushButton SortdnButton{*this,
-                            {.name = "SortdnButton", .place = {20, 164, 250, 26}},
-                            {.caption = "Sort  Decreasing", .on_action = [this] { app.consolidatorsortdn(); }}};
-    PushButton RemDupButton{*this,
-                            {.name = "RemDupButton", .place = {20, 196, 250, 26}},
-                            {.caption = "Remove Duplicates", .on_action = [this] { app.removeduplicates(); }}};
+    PushButton SortupButton{
+        *this,
+        {.name = "SortupButton", .place = {20, 132, 250, 26}},
+        {.caption = "Sort Increasing", .on_action = [this] { change_list([this] { app.consolidatorsortup(); }); }}};
+    PushButton SortdnButton{
+        *this,
+        {.name = "SortdnButton", .place = {20, 164, 250, 26}},
+        {.caption = "Sort  Decreasing", .on_action = [this] { change_list([this] { app.consolidatorsortdn(); }); }}};
+    PushButton RemDupButton{
+        *this,
+        {.name = "RemDupButton", .place = {20, 196, 250, 26}},
+        {.caption = "Remove Duplicates", .on_action = [this] { change_list([this] { app.removeduplicates(); }); }}};
     StaticText StaticText20{*this, {.name = "StaticText20", .place = {20, 238, 250, 20}}, {.text = "Duplicates:"}};
     EditField duplicatefield{
         *this,
         {.name = "duplicatefield", .place = {20, 260, 250, 141}, .label = "Duplicates", .grow = Grow::height},
-        {.multiline = true}};
+        {.multiline = true, .shows_end = true}};
     PushButton composebutton{*this,
                              {.name = "composebutton",
                               .place = {580, 37, 165, 26},
                               .help_tag = "Hands the list over to the Protocol Composer"},
                              {.caption = "Compose Protocol", .on_action = [this] { composebutton_Action(); }}};
-    RadioButton naDecimal{
+    RadioButton naDecimal{*this,
+                          {.name = "naDecimal", .place = {20, 76, 250, 20}},
+                          {.caption = " Use North American Decimal ( . )",
+                           .on_action = [this] { change_list([this] { naDecimal_Action(); }); }}};
+    RadioButton isoDecimal{
         *this,
-        {.name = "naDecimal", .place = {20, 76, 250, 20}},
-        {.caption = " Use North American Decimal ( . )", .on_action = [this] { naDecimal_Action(); }}};
-    RadioButton isoDecimal{*this,
-                           {.name = "isoDecimal", .place = {20, 98, 250, 20}},
-                           {.caption = "Use ISO Decimal ( , )", .on_action = [this] { isoDecimal_Action(); }}};
+        {.name = "isoDecimal", .place = {20, 98, 250, 20}},
+        {.caption = "Use ISO Decimal ( , )", .on_action = [this] { change_list([this] { isoDecimal_Action(); }); }}};
 
     void Event_Open() override;
     void Event_Activate() override;
@@ -85,9 +90,22 @@ public:
     MessageDialog closing_question() const override;
     void archive_document(Archive& archive) override;
 
+    // A command on the list. With its text, undo brings back what else the command changed.
+    void change_list(const std::function<void()>& command);
     void forget_list(); // without a word: the fields and what is known of the list
 
 private:
+    struct Circumstances { // of a text of the list
+        std::string name;
+        bool use_euro;
+        bool datasort;
+        std::int32_t numentries;
+    };
+    Circumstances circumstances() const;
+    void bring_back(const Circumstances& from, const Circumstances& to);
+    void add_entry();
+    void show_count();
+
     App& app;
 };
 

@@ -57,6 +57,16 @@ FrequencyList read_frequency_list(std::string_view text, DecimalMark mark) {
     return list;
 }
 
+int count_entries(std::string_view text, DecimalMark mark) {
+    const char separator = mark == DecimalMark::comma ? ':' : ',';
+    const std::size_t last = text.find_last_not_of(' ');
+    if (last == std::string_view::npos) {
+        return 0;
+    }
+    const auto separators = static_cast<int>(std::count(text.begin(), text.end(), separator));
+    return separators + (text[last] == separator ? 0 : 1);
+}
+
 namespace {
 
 bool is_number(double value) {

@@ -37,6 +37,8 @@ struct FrequencyList {
 };
 FrequencyList read_frequency_list(std::string_view text, DecimalMark mark);
 
+int count_entries(std::string_view text, DecimalMark mark); // the count alone, at once for a long list too
+
 // Sorts all numbers, the 0 at the end among them. What is no number, such as an entry of hundreds of digits with a
 // point, keeps its place, and the others pass it. A single entry and its 0 stay as they are, and so do a list's first
 // entry and its 0 where no number stands between them.

@@ -43,10 +43,11 @@ public:
     EditField level_field{
         *this, {.name = "level_field", .place = {52, 119, 28, 22}, .label = "Current Level"}, {.align = Align::right}};
     StaticText wave_caption{*this, {.name = "wave_caption", .place = {116, 96, 143, 20}}, {.text = "Wave Type"}};
-    ComboBox wave_box{
-        *this,
-        {.name = "wave_box", .place = {116, 118, 143, 23}, .label = "Wave Type"},
-        {.items = wave_texts(editor_wave_order), .list_index = 0, .on_change = [this] { wave_box_Change(); }}};
+    ComboBox wave_box{*this,
+                      {.name = "wave_box", .place = {116, 118, 143, 23}, .label = "Wave Type"},
+                      {.items = wave_texts(editor_wave_order), .list_index = 0, .completes = true, .on_change = [this] {
+                           wave_box_Change();
+                       }}};
     StaticText width_caption{*this, {.name = "width_caption", .place = {271, 96, 57, 20}}, {.text = "Width"}};
     PopupMenu WidthMenu{*this,
                         {.name = "WidthMenu",

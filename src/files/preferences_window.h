@@ -21,7 +21,7 @@ public:
         *this, {.name = "wave_caption", .place = {24, 22, 180, 20}}, {.text = "Default Wave Type:"}};
     ComboBox defaultwavebox{*this,
                             {.name = "defaultwavebox", .place = {216, 20, 200, 23}, .label = "Default Wave Type"},
-                            {.items = wave_texts(editor_wave_order)}};
+                            {.items = wave_texts(editor_wave_order), .completes = true}};
     StaticText width_caption{
         *this, {.name = "width_caption", .place = {24, 52, 180, 20}}, {.text = "Default Packet Width:"}};
     ComboBox defaultwidthbox{*this,

@@ -137,6 +137,7 @@ void Application::report_soon(const Fault& fault) {
 
 void Application::from_user(const std::string& handler, const std::function<void()>& body) {
     ++depth_;
+    event_ += depth_ == 1 ? 1 : 0;
     guarded(handler, body);
     if (depth_ == 1) {
         guarded(handler, [this] { end_outermost_event(); });

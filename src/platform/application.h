@@ -85,6 +85,7 @@ public:
     void raise(const std::string& handler, const std::function<void()>& body);
     void from_user(const std::string& handler, const std::function<void()>& body);
     bool busy() const { return depth_ > 0; } // a handler is running
+    long event() const { return event_; }    // the number of the outermost event that runs, or ran last; from 1 on
     // Runs a step whose fault must not keep the rest of a handler from running: reported at once.
     void guarded(const std::string& handler, const std::function<void()>& body);
     // Reported as soon as the event loop runs again: for faults that come while a window is being painted.
@@ -146,6 +147,7 @@ private:
     std::filesystem::path last_folder_;   // of the file dialogs
     std::optional<FolderItem> chosen_;    // the answer of the next open dialog, which is then not shown
     int depth_ = 0;
+    long event_ = 0;
     bool quitting_ = false;
 };
 

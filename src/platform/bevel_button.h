@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A button with a picture and no caption; its label is what assistive technology says.
+// A button with a picture and no caption, which shows whether what it stands for is on; its label is what assistive
+// technology says.
 #pragma once
 
 #include "platform/control.h"
@@ -19,6 +20,13 @@ public:
         : Control(window, design), own_(std::move(own)) {}
 
     const BevelButtonDesign& own() const { return own_; }
+    bool Value() const { return value_; } // on; a click leaves it to the program
+    void SetValue(bool value) {
+        if (value != value_) {
+            value_ = value;
+            show_change();
+        }
+    }
 
     void click() { // user input, by mouse or keyboard
         if (usable() && own_.on_action) {
@@ -28,6 +36,7 @@ public:
 
 private:
     const BevelButtonDesign own_;
+    bool value_ = false;
 };
 
 } // namespace tessit

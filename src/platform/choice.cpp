@@ -11,7 +11,7 @@ namespace tessit {
 
 PopupMenu::PopupMenu(Window& window, const ControlDesign& design, ChoiceDesign own)
     : Control(window, design), items_(std::move(own.items)), list_index_(own.list_index),
-      text_(list_index_ < 0 ? "" : List(list_index_)), on_change_(std::move(own.on_change)),
+      text_(list_index_ < 0 ? "" : List(list_index_)), completes_(own.completes), on_change_(std::move(own.on_change)),
       on_text_change_(std::move(own.on_text_change)) {}
 
 const std::string& PopupMenu::List(int index) const {

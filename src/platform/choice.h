@@ -14,6 +14,7 @@ namespace tessit {
 struct ChoiceDesign {
     std::vector<std::string> items{};
     int list_index = -1;
+    bool completes = false; // what is typed is completed to the first item that begins so
     std::function<void()> on_change{};
     std::function<void()> on_text_change{}; // every change of the text, also to another that is in no list
 };
@@ -21,6 +22,7 @@ struct ChoiceDesign {
 class PopupMenu : public Control {
 public:
     PopupMenu(Window& window, const ControlDesign& design, ChoiceDesign own = {});
+    bool completes() const { return completes_; }
 
     int ListCount() const { return static_cast<int>(items_.size()); }
     const std::string& List(int index) const; // Fault out_of_bounds beyond the list
@@ -44,6 +46,7 @@ private:
     std::vector<std::string> items_;
     int list_index_ = -1;
     std::string text_;
+    const bool completes_;
     const std::function<void()> on_change_;
     const std::function<void()> on_text_change_;
 };

@@ -29,8 +29,10 @@ struct Color {
 
 enum class Align { standard, left, center, right };
 
-// What a control does when the user makes its window larger than designed.
-enum class Grow { none, width, height, both };
+// What a control does when the user makes its window larger than designed. Of two tables one above the other each takes
+// half of the additional height: the upper one grows, what lies between them moves, the lower one does both and takes
+// the width.
+enum class Grow { none, width, height, both, upper_half, between_halves, lower_half };
 
 // Keys that a field's KeyDown gets as a one-byte text.
 namespace keys {
@@ -47,6 +49,7 @@ struct ControlDesign {
     bool enabled = true;
     bool visible = true;
     Grow grow = Grow::none;
+    bool derived = false; // what it shows is told by the others' values, so it needs not be kept with them
 };
 
 // What a front end puts behind a control.

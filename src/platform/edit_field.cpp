@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/edit_field.h"
 
+#include "platform/application.h"
 #include "platform/archive.h"
 #include "platform/text.h"
 
@@ -9,7 +10,8 @@
 namespace tessit {
 
 EditField::EditField(Window& window, const ControlDesign& design, EditFieldDesign own)
-    : Control(window, design), own_(std::move(own)), styled_(accepted(own_.text)), text_size_(own_.text_size) {}
+    : Control(window, design), own_(std::move(own)), styled_(accepted(own_.text)), text_size_(own_.text_size),
+      made_in_(event()), history_(own_.keeps_history ? std::make_unique<TextHistory>() : nullptr) {}
 
 std::string EditField::accepted(std::string_view text) const {
     const std::string result = with_carriage_returns(text);
@@ -36,7 +38,22 @@ void EditField::SetStyledText(tessit::StyledText text) {
     take(std::move(text));
 }
 
-void EditField::take(tessit::StyledText next) {
+// The number of the event that runs; 0 outside of events.
+long EditField::event() const {
+    const Application& application = window().application();
+    return application.busy() ? application.event() : 0;
+}
+
+// What a window's opening puts into it is where undo ends.
+void EditField::take(tessit::StyledText next, TextAuthor author) {
+    const bool opening = made_in_ != 0 && event() == made_in_;
+    if (history_ != nullptr && !opening && next.Text() != Text()) {
+        history_->will_change(event(), author, Text(), selection_);
+    }
+    put(std::move(next));
+}
+
+void EditField::put(tessit::StyledText next) {
     if (next == styled_) {
         return;
     }
@@ -50,6 +67,44 @@ void EditField::take(tessit::StyledText next) {
     if (text_differs) {
         raise("TextChange", own_.on_text_change);
     }
+    raise("StyleChange", own_.on_style_change);
+}
+
+void EditField::also_undone(std::function<void()> undo, std::function<void()> redo) {
+    if (history_ != nullptr) {
+        history_->did_too(event(), std::move(undo), std::move(redo));
+    }
+}
+
+void EditField::undo() {
+    const TextStep* step = history_ != nullptr && usable() ? history_->undo(Text()) : nullptr;
+    if (step != nullptr) {
+        go_to(undone(Text(), *step), step->selection, step->undo);
+    }
+}
+
+void EditField::redo() {
+    const TextStep* step = history_ != nullptr && usable() ? history_->redo(Text()) : nullptr;
+    if (step != nullptr) {
+        const std::string text = redone(Text(), *step);
+        const int behind = Len(std::string_view(text).substr(0, step->place + step->inserted.size()));
+        go_to(text, {.start = behind}, step->redo);
+    }
+}
+
+// A handler that makes another text of it leaves no steps that would fit.
+void EditField::go_to(const std::string& text, TextSelection selection, const std::function<void()>& did_too) {
+    from_user("TextChange", [&] {
+        if (did_too) {
+            did_too();
+        }
+        put(tessit::StyledText(text));
+        if (Text() != text) {
+            history_->forget();
+        }
+        select(selection);
+        raise("Edit", own_.on_edit);
+    });
 }
 
 void EditField::archive_values(Archive& archive) {
@@ -58,6 +113,9 @@ void EditField::archive_values(Archive& archive) {
     if (text != Text()) {
         styled_ = tessit::StyledText(std::move(text));
         select({.start = selection_.start});
+        if (history_ != nullptr) {
+            history_->forget();
+        }
     }
 }
 
@@ -78,7 +136,8 @@ void EditField::toggle(TextFlag property) {
         TextStyle style = input_style();
         style.*property = !(style.*property);
         chosen_style_ = style;
-        return show_change();
+        show_change();
+        return raise("StyleChange", own_.on_style_change);
     }
     tessit::StyledText next = styled_;
     next.set(start, length, property, !next.all(start, length, property));
@@ -92,7 +151,13 @@ void EditField::select(TextSelection selection) {
     if (selection != selection_) {
         selection_ = selection;
         chosen_style_.reset();
+        raise("StyleChange", own_.on_style_change);
     }
+}
+
+bool EditField::SelectionHas(TextFlag property) const {
+    const auto [start, length] = selection_;
+    return length == 0 ? input_style().*property : styled_.all(start, length, property);
 }
 
 void EditField::SelectAll() {
@@ -161,7 +226,7 @@ void EditField::edit(const tessit::StyledText& text) {
     }
     const bool text_differs = text.Text() != Text();
     from_user("TextChange", [&] {
-        take(text);
+        take(text, TextAuthor::user);
         if (text_differs) {
             raise("Edit", own_.on_edit);
         }

@@ -5,7 +5,9 @@
 
 #include "platform/control.h"
 #include "platform/styled_text.h"
+#include "platform/text_history.h"
 
+#include <memory>
 #include <optional>
 #include <string_view>
 
@@ -21,19 +23,15 @@ struct EditFieldDesign {
     int text_size = 0;   // in points; 0 for the system's size
     Color back_color{0xFFFFFF};
     bool typed_behind = false;               // the text is a prompt: the keyboard enters the field behind it
+    bool keeps_history = false;              // undo goes back over what the program made of the text, too
+    bool shows_end = false;                  // a text that the program sets is scrolled to its last line
     std::function<std::string()> line_end{}; // what stands for line ends in a single line; none: a blank
     // Any key but a bare modifier; the text is empty for a shortcut and a key without a character. True: used up.
     std::function<bool(const std::string& key)> on_key_down{};
     std::function<void()> on_text_change{};
-    std::function<void()> on_edit{}; // the user changed the text, by whatever means; after the change
+    std::function<void()> on_edit{};         // the user changed the text, by whatever means; after the change
+    std::function<void()> on_style_change{}; // another style may be that of the selection now
     std::function<void()> on_lost_focus{};
-};
-
-struct TextSelection { // in characters
-    int start = 0;
-    int length = 0;
-
-    bool operator==(const TextSelection&) const = default;
 };
 
 class EditField : public Control {
@@ -63,6 +61,14 @@ public:
     void ToggleSelectionItalic() { toggle(&TextStyle::italic); }
     void ToggleSelectionUnderline() { toggle(&TextStyle::underline); }
     const std::optional<TextStyle>& chosen_style() const { return chosen_style_; } // of what is typed next
+    // Whether all that is selected has it; with an empty selection, whether what is typed next will.
+    bool SelectionHas(TextFlag property) const;
+
+    // For a handler that changed more than the text: the user's undo and redo of it call these before they change the
+    // text. Without effect where the present event has not changed the text.
+    void also_undone(std::function<void()> undo, std::function<void()> redo);
+    bool can_undo() const { return history_ != nullptr && history_->can_undo(Text()); }
+    bool can_redo() const { return history_ != nullptr && history_->can_redo(Text()); }
 
     // User input. `type` sends each character through KeyDown and then to the end of the text; `press` sends a key
     // that is no character. `key_down` is KeyDown alone: true when the key is used up. `edit` is the whole text as
@@ -73,6 +79,8 @@ public:
     void edit(std::string_view text);
     void edit(const tessit::StyledText& text); // with CR as its line end
     void select(TextSelection selection);      // kept within the text
+    void undo();                               // TextChange and Edit, as by any edit; the old selection comes back
+    void redo();
     void leave();
     bool holds_input() const override;
 
@@ -82,7 +90,10 @@ protected:
 private:
     std::string accepted(std::string_view text) const;
     std::string in_one_line(std::string_view text) const;
-    void take(tessit::StyledText next);
+    void take(tessit::StyledText next, TextAuthor author = TextAuthor::program);
+    void put(tessit::StyledText next);
+    void go_to(const std::string& text, TextSelection selection, const std::function<void()>& did_too);
+    long event() const;
     void toggle(TextFlag property);
     TextStyle input_style() const;
 
@@ -91,6 +102,8 @@ private:
     int text_size_;
     TextSelection selection_;
     std::optional<TextStyle> chosen_style_; // at this place; none: that of the text there
+    const long made_in_;                    // the event
+    const std::unique_ptr<TextHistory> history_;
 };
 
 } // namespace tessit

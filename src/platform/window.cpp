@@ -86,7 +86,9 @@ void Window::move_to(int left, int top) {
 
 void Window::archive(Archive& archive) {
     for (Control* control : controls_) {
-        control->archive(archive);
+        if (!control->design().derived) {
+            control->archive(archive);
+        }
     }
 }
 

@@ -11,9 +11,7 @@ namespace tessit {
 
 namespace {
 
-void open_frequency_list(App& app, const FolderItem& file) {
-    auto stream = file.OpenAsTextFile(most_list_bytes);
-    ConsolidatorWindow& window = app.consolidatorWindow.get(); // before the name: it takes its own when it comes up
+void read_list_into(ConsolidatorWindow& window, App& app, const FolderItem& file, TextInputStream& stream) {
     app.filename = Replace(file.DisplayName(), list_extension, "");
     window.nameField.SetText(app.filename);
     app.popupwindow->statusField.SetText("");
@@ -22,10 +20,16 @@ void open_frequency_list(App& app, const FolderItem& file) {
     app.popupwindow->ProgressBar1.SetValue(0);
     app.popupwindow->ProgressBar1.Refresh();
     EditField& list = window.freqdisplayfield;
-    list.SetText(stream->ReadAll()); // its text change makes separators of line ends and tabs
+    list.SetText(stream.ReadAll()); // its text change makes separators of line ends and tabs
     list.SetText(list.Text());
     window.shows_file(file);
-    stream->Close();
+    stream.Close();
+}
+
+void open_frequency_list(App& app, const FolderItem& file) {
+    const auto stream = file.OpenAsTextFile(most_list_bytes);
+    ConsolidatorWindow& window = app.consolidatorWindow.get(); // before the name: it takes its own when it comes up
+    window.change_list([&] { read_list_into(window, app, file, *stream); });
 }
 
 } // namespace

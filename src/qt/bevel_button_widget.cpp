@@ -51,10 +51,15 @@ private:
 BevelButtonWidget::BevelButtonWidget(BevelButton& button, QWidget& parent)
     : ControlWidget(button, *new QToolButton(&parent)), button_(button) {
     auto& widget_button = static_cast<QToolButton&>(widget());
+    widget_button.setCheckable(true);
     widget_button.setFocusPolicy(Qt::TabFocus); // a click leaves the focus with the field whose text it styles
     widget_button.setIconSize(scaled(QSize(16, 16), text_scale(parent)));
     widget_button.setIcon(QIcon(new StyleIcon(button.own().picture)));
-    connect(&widget_button, &QToolButton::clicked, this, [this] { tell([this] { button_.click(); }); });
+    connect(&widget_button, &QToolButton::toggled, this, [this] { tell([this] { button_.click(); }); });
+}
+
+void BevelButtonWidget::show_values() {
+    static_cast<QToolButton&>(widget()).setChecked(button_.Value());
 }
 
 } // namespace tessit::qt

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A BevelButton. Its picture is drawn in the palette's own colours at the screen's own resolution.
+// A BevelButton, checked where it is on. Its picture is drawn in the palette's own colours at the screen's own
+// resolution.
 #pragma once
 
 #include "platform/bevel_button.h"
@@ -14,7 +15,7 @@ public:
     BevelButtonWidget(BevelButton& button, QWidget& parent);
 
 private:
-    void show_values() override {}
+    void show_values() override;
 
     BevelButton& button_;
 };

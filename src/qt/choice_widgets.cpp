@@ -4,6 +4,7 @@
 #include "qt/widget_text.h"
 
 #include <QAbstractItemView>
+#include <QCompleter>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QStyle>
@@ -97,6 +98,12 @@ ComboBoxWidget::ComboBoxWidget(ComboBox& combo, QWidget& parent) : PopupMenuWidg
     edit->setObjectName(box().objectName() + QLatin1String("_text"));
     edit->setAccessibleName(box().accessibleName());
     edit->installEventFilter(this);
+    if (combo.completes()) {
+        auto* completer = new QCompleter(box().model(), edit);
+        completer->setCompletionMode(QCompleter::InlineCompletion);
+        completer->setCaseSensitivity(Qt::CaseInsensitive);
+        edit->setCompleter(completer); // the box's own would choose items by itself
+    }
     // Qt would replace the typed text by an item that differs in case alone.
     disconnect(edit, SIGNAL(editingFinished()), &box(), nullptr);
     disconnect(edit, SIGNAL(returnPressed()), &box(), nullptr);
@@ -109,7 +116,9 @@ void ComboBoxWidget::text_changed(const QString& text) {
     }
     const int current = box().currentIndex();
     if (current >= 0 && box().itemText(current) == text) {
+        const bool typing = typing_; // what was proposed may be the chosen item
         tell([&] { combo_.choose(current); });
+        typing_ = typing;
     } else if (box().lineEdit()->hasFocus()) {
         typing_ = true;
     } else {
@@ -117,10 +126,19 @@ void ComboBoxWidget::text_changed(const QString& text) {
     }
 }
 
+// As the item has it, where its end is still what the box proposed.
+QString ComboBoxWidget::typed_text() const {
+    const QLineEdit& edit = *box().lineEdit();
+    const bool proposed =
+        edit.hasSelectedText() && edit.selectionEnd() == edit.text().size() && edit.selectionStart() > 0;
+    const QString item = edit.completer() != nullptr && proposed ? edit.completer()->currentCompletion() : QString();
+    return item.compare(edit.text(), Qt::CaseInsensitive) == 0 ? item : edit.text();
+}
+
 void ComboBoxWidget::finish_typing() {
     if (typing_) {
         typing_ = false;
-        tell([text = to_model(box().currentText()), this] { combo_.edit(text); });
+        tell([text = to_model(typed_text()), this] { combo_.edit(text); });
     }
 }
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // PopupMenu and ComboBox as combo boxes. Nothing typed ever becomes an item, and no item takes the place of what was
 // typed unless the user chose it. A typed text is handed to the model when its typing is finished: a handler that
-// moves the focus away must not scatter the letters over other fields.
+// moves the focus away must not scatter the letters over other fields. Where a box completes, what is proposed behind
+// the typed letters is selected, so that Delete takes it away; Return and leaving the box take the item.
 #pragma once
 
 #include "platform/choice.h"
@@ -37,6 +38,7 @@ private:
     void show_values() override;
     void text_changed(const QString& text);
     void finish_typing();
+    QString typed_text() const;
     bool finishing_key_used_up(int key);
 
     ComboBox& combo_;

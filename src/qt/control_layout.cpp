@@ -90,6 +90,16 @@ std::vector<QRect> places_with_room(const std::vector<Placed>& controls, QSize c
 }
 
 QRect grown(QRect place, Grow grow, QSize extra) {
+    const int upper = extra.height() / 2;
+    if (grow == Grow::upper_half) {
+        place.setHeight(place.height() + upper);
+    }
+    if (grow == Grow::between_halves) {
+        place.translate(0, upper);
+    }
+    if (grow == Grow::lower_half) {
+        place.adjust(0, upper, extra.width(), extra.height());
+    }
     if (grow == Grow::width || grow == Grow::both) {
         place.setWidth(place.width() + extra.width());
     }

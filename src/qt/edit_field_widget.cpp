@@ -15,6 +15,7 @@
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QTextCursor>
 #include <QTimer>
@@ -280,10 +281,81 @@ TextFieldWidget::TextFieldWidget(EditField& field, QWidget& parent)
     option.setAlignment(alignment_of(field.own().align));
     option.setTextDirection(Qt::LayoutDirectionAuto);
     edit_.document()->setDefaultTextOption(option);
-    connect(&edit_, &QPlainTextEdit::textChanged, this, [this] { edited(edit_.toPlainText()); });
-    const auto selected = [this] { tell_selection(edit_.textCursor(), edit_.toPlainText()); };
+    if (field.own().keeps_history) {
+        keep_history();
+    }
+    const auto selected = [this] {
+        if (!is_quiet()) {
+            tell_selection(edit_.textCursor(), edit_.toPlainText());
+        }
+    };
+    connect(&edit_, &QPlainTextEdit::textChanged, this, [this, selected] {
+        if (!is_quiet()) {
+            edited(edit_.toPlainText());
+            selected(); // the cursor moved before the text was told
+        }
+    });
     connect(&edit_, &QPlainTextEdit::selectionChanged, this, selected);
     connect(&edit_, &QPlainTextEdit::cursorPositionChanged, this, selected);
+}
+
+// The model's instead of the widget's own, which a text from the program would end.
+void TextFieldWidget::keep_history() {
+    edit_.setUndoRedoEnabled(false);
+    edit_.setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(&edit_, &QPlainTextEdit::customContextMenuRequested, this, &TextFieldWidget::show_menu);
+}
+
+bool TextFieldWidget::eventFilter(QObject* watched, QEvent* event) {
+    return FieldWidget::eventFilter(watched, event) ||
+           (event->type() == QEvent::KeyPress && is_step(*static_cast<QKeyEvent*>(event)));
+}
+
+bool TextFieldWidget::is_step(const QKeyEvent& key) {
+    if (!attached() || !field().own().keeps_history) {
+        return false;
+    }
+    for (const auto& [keys, step] :
+         {std::pair(QKeySequence::Undo, &EditField::undo), {QKeySequence::Redo, &EditField::redo}}) {
+        if (key.matches(keys)) {
+            go(step);
+            return true;
+        }
+    }
+    return false;
+}
+
+void TextFieldWidget::show_menu(const QPoint& place) {
+    if (!attached()) {
+        return;
+    }
+    QMenu* menu = edit_.createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto serve = [&](const char* name, bool enabled, void (EditField::*step)()) {
+        if (auto* action = menu->findChild<QAction*>(QLatin1String(name))) {
+            action->disconnect();
+            action->setEnabled(enabled);
+            connect(action, &QAction::triggered, this, [this, step] { go(step); });
+        }
+    };
+    serve("edit-undo", field().can_undo(), &EditField::undo);
+    serve("edit-redo", field().can_redo(), &EditField::redo);
+    menu->popup(edit_.viewport()->mapToGlobal(place));
+}
+
+void TextFieldWidget::go(void (EditField::*step)()) {
+    tell([&] { (field().*step)(); });
+    if (attached()) {
+        quietly([this] {
+            const auto units_to = [this](int place) {
+                return static_cast<int>(to_widget(Mid(field().Text(), 0, place)).size());
+            };
+            QTextCursor cursor = edit_.textCursor();
+            cursor.setPosition(units_to(field().SelStart()));
+            cursor.setPosition(units_to(field().SelStart() + field().SelLength()), QTextCursor::KeepAnchor);
+            edit_.setTextCursor(cursor);
+        });
+    }
 }
 
 void TextFieldWidget::show_values() {
@@ -330,7 +402,8 @@ void TextFieldWidget::show_text() {
         const int start = cursor.selectionStart();
         choose_layout(text);
         edit_.setPlainText(text);
-        cursor.setPosition(std::min(start, static_cast<int>(text.size())));
+        const auto end = static_cast<int>(text.size());
+        cursor.setPosition(field().own().shows_end ? end : std::min(start, end));
         edit_.setTextCursor(cursor);
     }
 }

@@ -55,11 +55,16 @@ class TextFieldWidget : public FieldWidget {
 public:
     TextFieldWidget(EditField& field, QWidget& parent);
     void show_pending() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void show_values() override;
     void show_text();
     void choose_layout(const QString& text);
+    void keep_history();
+    bool is_step(const QKeyEvent& key);
+    void show_menu(const QPoint& place);
+    void go(void (EditField::*step)());
 
     QPlainTextEdit& edit_;
     bool pending_ = false;

@@ -15,9 +15,11 @@ StyledFieldWidget::StyledFieldWidget(EditField& field, QWidget& parent)
     edit_.setAcceptRichText(false);
     edit_.setTabChangesFocus(true);
     edit_.setReadOnly(field.own().read_only);
-    connect(&edit_, &QTextEdit::textChanged, this,
-            [this] { tell([this] { this->field().edit(styled_text_of(*edit_.document())); }); });
     const auto selected = [this] { tell_selection(edit_.textCursor(), edit_.toPlainText()); };
+    connect(&edit_, &QTextEdit::textChanged, this, [this, selected] {
+        tell([this] { this->field().edit(styled_text_of(*edit_.document())); });
+        selected(); // the cursor moved before the text was told
+    });
     connect(&edit_, &QTextEdit::selectionChanged, this, selected);
     connect(&edit_, &QTextEdit::cursorPositionChanged, this, selected);
 }

@@ -21,6 +21,18 @@ void PageSetupWindow::Event_Open() {
     footerfield.SetTextSize(app.footerfont);
 }
 
+void PageSetupWindow::show_header_style() {
+    Boldbutton1.SetValue(headingfield.SelectionHas(&TextStyle::bold));
+    Italicbutton1.SetValue(headingfield.SelectionHas(&TextStyle::italic));
+    underlinebutton1.SetValue(headingfield.SelectionHas(&TextStyle::underline));
+}
+
+void PageSetupWindow::show_footer_style() {
+    Boldbutton.SetValue(footerfield.SelectionHas(&TextStyle::bold));
+    Italicbutton.SetValue(footerfield.SelectionHas(&TextStyle::italic));
+    underlinebutton.SetValue(footerfield.SelectionHas(&TextStyle::underline));
+}
+
 void PageSetupWindow::headfontBox_Change() {
     app.headerfont = truncate(app.strintR(headfontBox.Text()));
     headingfield.SetTextSize(app.headerfont);

@@ -24,7 +24,7 @@ public:
         *this, {.name = "StaticText1", .place = {20, 16, 200, 20}}, {.text = "Header", .bold = true}};
     EditField headingfield{*this,
                            {.name = "headingfield", .place = {20, 40, 584, 62}, .label = "Header", .grow = Grow::width},
-                           {.multiline = true, .styled = true}};
+                           {.multiline = true, .styled = true, .on_style_change = [this] { show_header_style(); }}};
     StaticText StaticText3{*this, {.name = "StaticText3", .place = {20, 116, 62, 20}}, {.text = "Font Size"}};
     ComboBox headfontBox{*this,
                          {.name = "headfontBox", .place = {84, 114, 64, 24}, .label = "Header Font Size"},
@@ -50,7 +50,7 @@ public:
         *this, {.name = "StaticText2", .place = {20, 166, 200, 20}}, {.text = "Footer", .bold = true}};
     EditField footerfield{*this,
                           {.name = "footerfield", .place = {20, 190, 584, 62}, .label = "Footer", .grow = Grow::width},
-                          {.multiline = true, .styled = true}};
+                          {.multiline = true, .styled = true, .on_style_change = [this] { show_footer_style(); }}};
     StaticText StaticText4{*this, {.name = "StaticText4", .place = {17, 266, 65, 20}}, {.text = " Font Size"}};
     ComboBox footfontBox{*this,
                          {.name = "footfontBox", .place = {84, 264, 64, 24}, .label = "Footer Font Size"},
@@ -85,6 +85,8 @@ public:
     void Event_Close() override;
     void Event_EnableMenuItems() override;
 
+    void show_header_style(); // of what is selected, by the buttons
+    void show_footer_style();
     void headfontBox_Change();
     void footfontBox_Change();
     void Boldbutton1_Action() { headingfield.ToggleSelectionBold(); }

@@ -80,6 +80,46 @@ TEST_F(ConsolidatorTest, the_notation_follows_the_buttons) {
     EXPECT_EQ(list(), "1,5: 2,5");
 }
 
+TEST_F(ConsolidatorTest, undo_goes_back_over_commands_with_all_that_they_changed) {
+    ConsolidatorWindow& w = consolidator();
+    const auto state = [&] {
+        return joined(list(), w.countText, w.nameField, app.numentries, app.datasort, app.use_euro,
+                      w.isoDecimal.Value());
+    };
+    desktop.clipboard = "8\n9";
+    const std::pair<const char*, std::function<void()>> steps[] = {
+        {"7.83|1 entry|untitled|1|0|0|0", [&] { enter("7.83"); }},
+        {"7.83, 5|2 entries|untitled|2|0|0|0", [&] { enter("5"); }},
+        {"0, 5, 7.83|3 entries|untitled|2|1|0|0", [&] { w.SortupButton.click(); }},
+        {"0: 5: 7,83|3 entries|untitled|2|1|1|1", [&] { w.isoDecimal.click(); }},
+        {"8: 9 :|2 entries|untitled|2|1|1|1", [&] { app.choose_menu("EditPaste"); }},
+        {"9 : 8 : 0|3 entries|untitled|2|1|1|1", [&] { w.SortdnButton.click(); }},
+        {"3: 3: |2 entries|night|2|1|1|1", [&] { open_list("3\n3\n"); }},
+        {"3 : 0|2 entries|night|1|1|1|1", [&] { w.RemDupButton.click(); }},
+        {"3 : 0: 4|3 entries|night|1|1|1|1", [&] { w.freqdisplayfield.edit("3 : 0\r4"); }}, // made one line at once
+    };
+    std::vector<std::string> states{state()};
+    for (const auto& [expected, step] : steps) {
+        step();
+        EXPECT_EQ(state(), expected);
+        states.push_back(state());
+    }
+    for (std::size_t at = states.size() - 1; at-- > 0;) {
+        w.freqdisplayfield.undo();
+        EXPECT_EQ(state(), states[at]);
+    }
+    w.freqdisplayfield.undo(); // nothing is left of the window's opening
+    for (const std::string& expected : states) {
+        EXPECT_EQ(state(), expected);
+        w.freqdisplayfield.redo();
+    }
+    app.consolidatorchanged = false;
+    w.close_by_user();
+    open_list("1, 2");
+    consolidator().freqdisplayfield.undo();
+    EXPECT_EQ(list(), "1, 2") << "the window was opened with it";
+}
+
 TEST_F(ConsolidatorTest, reports_of_removals_pile_up_and_sorting_changes_no_flag) {
     consolidator().freqdisplayfield.edit("1, 2, 2, 3");
     consolidator().RemDupButton.click();

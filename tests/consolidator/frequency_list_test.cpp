@@ -59,6 +59,7 @@ TEST(FrequencyList, parses_what_stands_in_the_text) {
     for (const auto& [text, mark, numbers] : cases) {
         const FrequencyList list = read_frequency_list(text, mark);
         EXPECT_EQ(list.count, static_cast<int>(numbers.size()) - 1) << text;
+        EXPECT_EQ(count_entries(text, mark), list.count) << text;
         EXPECT_EQ(list.entries.count(), list.numbers.count()) << text;
         EXPECT_EQ(values(list.numbers), numbers) << text;
     }

@@ -109,6 +109,67 @@ TEST_F(Lists, cut_and_paste_follow_the_selection_in_the_field) {
     EXPECT_EQ(list().toPlainText(), "10, 20,");
 }
 
+TEST_F(Lists, typed_wave_types_are_completed_and_any_text_stays_possible) {
+    compose("300");
+    auto& box = find<QComboBox>(app.composewindow.get(), "wavebox");
+    const std::tuple<const char*, Qt::Key, const char*, int> cases[] = {
+        {"sweep", Qt::Key_Return, "Sweep Decreasing", 3},
+        {"sweep i", Qt::Key_Tab, "Sweep Increasing", 4},
+        {"sweep", Qt::Key_Delete, "sweep", -1},
+        {"saw", Qt::Key_Return, "saw", -1},
+        {"spread contracting", Qt::Key_Return, "spread contracting", 1},
+    };
+    for (const auto& [typed, key, text, index] : cases) {
+        box.setFocus();
+        box.lineEdit()->selectAll();
+        QTest::keyClicks(&box, QLatin1String(typed));
+        QTest::keyClick(&box, key);
+        QTest::keyClick(&box, Qt::Key_Return);
+        EXPECT_EQ(joined(app.composewindow->wavebox, app.composewindow->wavebox.ListIndex()), joined(text, index));
+        EXPECT_EQ(box.currentText(), text);
+    }
+}
+
+TEST_F(Lists, both_tables_of_the_composer_take_their_share_of_a_larger_window) {
+    const QTableView& list = compose("300");
+    const auto& levels = find<QTableView>(app.composewindow.get(), "compose_displayBox");
+    const auto& between = find<QPushButton>(app.composewindow.get(), "allbutton");
+    WindowWidget& window = widget(app.composewindow.get());
+    window.resize(1000, 600);
+    QCoreApplication::processEvents(); // scroll bars go
+    const QRect upper = list.geometry();
+    const QRect lower = levels.geometry();
+    const int gap = between.y() - upper.bottom();
+    window.resize(1000, 700);
+    EXPECT_EQ(list.geometry(), upper.adjusted(0, 0, 0, 50));
+    EXPECT_EQ(levels.geometry(), lower.adjusted(0, 50, 0, 100));
+    EXPECT_EQ(between.y() - list.geometry().bottom(), gap);
+}
+
+TEST_F(Lists, newest_report_of_duplicates_can_be_seen) {
+    for (int removal = 0; removal < 20; ++removal) {
+        app.consolidatorWindow->freqdisplayfield.edit("5, 5");
+        app.consolidatorWindow->RemDupButton.click();
+    }
+    const auto& bar = *find<QPlainTextEdit>(app.consolidatorWindow.get(), "duplicatefield").verticalScrollBar();
+    EXPECT_TRUE(bar.maximum() > 0 && bar.value() == bar.maximum());
+}
+
+TEST_F(Lists, undo_brings_back_the_text_and_its_selection) {
+    list().setFocus();
+    list().insertPlainText("3, €1, 2");
+    QTest::keyClick(&list(), Qt::Key_Left, Qt::ShiftModifier);
+    app.consolidatorWindow->SortdnButton.click();
+    QTest::keyClick(&list(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(joined(list().toPlainText(), list().textCursor().selectedText()), "3, €1, 2|2");
+    Q_EMIT list().customContextMenuRequested({5, 5});
+    auto* menu = list().findChild<QMenu*>();
+    ASSERT_NE(menu, nullptr);
+    menu->findChild<QAction*>("edit-redo")->trigger();
+    EXPECT_EQ(list().toPlainText(), "3, 2, 1, 0");
+    menu->close();
+}
+
 TEST_F(Lists, a_long_list_is_shown_whole_and_stays_editable) {
     QString numbers;
     for (int i = 0; i < 5000; ++i) {

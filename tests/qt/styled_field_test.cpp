@@ -45,13 +45,18 @@ TEST_F(StyledField, answers_are_typed_behind_their_prompts) {
 constexpr TextStyle bold_style{.bold = true};
 
 TEST_F(StyledField, types_in_the_style_chosen_and_undoes_it) {
+    EXPECT_FALSE(bold().isChecked());
     QTest::mouseClick(&bold(), Qt::LeftButton);
     EXPECT_TRUE(edit->hasFocus()) << "a click on a style button leaves the field its focus";
+    EXPECT_TRUE(bold().isChecked());
     QTest::keyClicks(edit, "cd");
     EXPECT_EQ(runs(), (std::vector<StyledRun>{{"ab", {}}, {"cd", bold_style}}));
     QTest::mouseClick(&bold(), Qt::LeftButton);
     QTest::keyClicks(edit, "e");
     EXPECT_EQ(runs().back(), (StyledRun{"e", {}}));
+    EXPECT_FALSE(bold().isChecked());
+    QTest::keyClick(edit, Qt::Key_Left);
+    EXPECT_TRUE(bold().isChecked());
     edit->selectAll();
     QTest::mouseClick(&bold(), Qt::LeftButton);
     EXPECT_EQ(runs(), (std::vector<StyledRun>{{"abcde", bold_style}}));

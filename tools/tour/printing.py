@@ -84,7 +84,7 @@ class Printing:
         self.desktop.fill(heading, name + BEHIND_NAME)
         self.desktop.press_key("ctrl+Home", *["shift+Right"] * len(name))
         self.desktop.wait("the name to be selected", lambda: heading.selected_text == name)
-        bold = self.desktop.control(setup, "push button", "Header Bold")
+        bold = self.desktop.control(setup, "check box", "Header Bold")
         self.desktop.click(bold, "the name in bold", lambda: heading.bold_at(0) and not heading.bold_at(len(name)))
 
     def print(self, name, setup, before=lambda dialog: None):
