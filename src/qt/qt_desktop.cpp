@@ -258,6 +258,13 @@ WindowWidget* QtDesktop::widget_of(const Window& window) const {
     return found == widgets_.end() ? nullptr : found->second.data();
 }
 
+DesktopState& QtDesktop::state() {
+    if (state_ == nullptr) {
+        state_ = std::make_unique<DesktopState>(lives_beside_program() ? program_folder().path() : user_state_folder());
+    }
+    return *state_;
+}
+
 QWidget* QtDesktop::active_widget() const {
     for (int index = 0; application_ != nullptr && index < application_->WindowCount(); ++index) {
         WindowWidget* widget = widget_of(application_->Window(index));

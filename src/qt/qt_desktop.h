@@ -7,6 +7,7 @@
 
 #include "platform/desktop.h"
 #include "qt/activation.h"
+#include "qt/desktop_state.h"
 #include "qt/printing.h"
 #include "qt/qt_clock.h"
 #include "qt/qt_serial.h"
@@ -64,6 +65,7 @@ public:
     void quit() override;
 
     WindowWidget* widget_of(const Window& window) const; // null when it was never shown
+    DesktopState& state();                               // of the last starts; read when it is first asked for
 
 private:
     QWidget* active_widget() const; // what dialogs belong to: the frontmost window to be seen
@@ -78,6 +80,7 @@ private:
     QtSerialPorts serial_ports_;
     QtSockets sockets_;
     PrinterChoice printer_choice_;
+    std::unique_ptr<DesktopState> state_;
     std::vector<std::string> fonts_; // once they were asked for
     std::map<const Window*, QPointer<WindowWidget>> widgets_;
     std::vector<Window*> waiting_;                  // shown by the running handler, which may hide them again

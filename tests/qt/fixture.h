@@ -8,6 +8,12 @@
 
 namespace tessit::qt {
 
+class SampleDesktop : public QtDesktop {
+public:
+    FolderItem program_folder() override { return FolderItem(folder.path().toStdString()); }
+    QTemporaryDir folder;
+};
+
 class SampleTest : public ::testing::Test {
 protected:
     SampleTest() {
@@ -26,7 +32,7 @@ protected:
     }
     SampleWindow& window() { return app.window.get(); }
 
-    QtDesktop desktop;
+    SampleDesktop desktop;
     SampleApp app{desktop};
     WindowWidget* widget = nullptr;
 };
