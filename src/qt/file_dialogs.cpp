@@ -7,11 +7,16 @@
 #include "qt/widget_text.h"
 
 #include <QDialogButtonBox>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
+#include <QSplitter>
+#include <QTreeView>
 
 namespace tessit::qt {
 
@@ -20,6 +25,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr qsizetype longest_name = 255; // in bytes
+constexpr qint64 quickest_user = 300;   // in milliseconds
 
 fs::path to_path(const QString& file) {
     return QFile::encodeName(file).toStdString();
@@ -29,30 +35,44 @@ QString from_path(const fs::path& path) {
     return QFile::decodeName(path.c_str());
 }
 
+enum class Whose { desktops_own, qts_own };
+
 class FileDialog : public QFileDialog {
 public:
-    FileDialog(QWidget* parent, const QString& title, const FileRequest& request)
+    FileDialog(QWidget* parent, const QString& title, const FileRequest& request, Whose whose)
         : QFileDialog(parent, title), extension_(to_widget(request.type.Extensions)) {
-        setOption(DontUseNativeDialog); // alike everywhere, and its rules are known
+        setOption(DontUseNativeDialog, whose == Whose::qts_own);
+        setSupportedSchemes({QStringLiteral("file")});
         setDirectory(from_path(request.start_folder.path()));
         setNameFilter(to_widget(request.type.Name) + QLatin1String(" (*") + extension_ + QLatin1Char(')'));
-        // Qt takes the button away from names that it thinks are none, without a word on the reason.
-        QObject::connect(&name_edit(), &QLineEdit::textChanged, this, [this](const QString& text) {
-            if (!text.isEmpty()) {
-                accept_button().setEnabled(true);
-            }
-        });
+        if (!is_native()) {
+            leave_button_enabled();
+            widen_columns();
+        }
     }
 
     std::optional<FolderItem> ask() {
-        count_dialog();
-        if (exec() != QDialog::Accepted || selectedFiles().isEmpty()) {
-            return std::nullopt;
+        for (;;) {
+            count_dialog();
+            since_begin_.start();
+            if (exec() != QDialog::Accepted || selectedFiles().isEmpty()) {
+                return std::nullopt;
+            }
+            if (const auto file = is_native() ? settled(selected()) : selected()) {
+                return FolderItem(to_path(*file));
+            }
         }
-        return FolderItem(to_path(selected()));
     }
 
+    // A portal that does not answer ends the dialog before anybody can have seen it.
+    bool came_up() const { return !is_native() || since_begin_.hasExpired(quickest_user); }
+
 protected:
+    // Qt makes its own parts where the desktop has no dialog, and none where it has one.
+    bool is_native() const { return findChild<QLineEdit*>(QStringLiteral("fileNameEdit")) == nullptr; }
+    // What is meant by the answer of the desktop's own dialog, which knows none of the rules here; none: ask again.
+    virtual std::optional<QString> settled(const QString& file) = 0;
+
     QString selected() const { return selectedFiles().value(0); }
     QString with_extension(const QString& file) const {
         return file.endsWith(extension_, Qt::CaseInsensitive) ? file : file + extension_;
@@ -66,6 +86,33 @@ protected:
     }
 
 private:
+    // Qt takes the button away from names that it thinks are none, without a word on the reason.
+    void leave_button_enabled() {
+        QObject::connect(&name_edit(), &QLineEdit::textChanged, this, [this](const QString& text) {
+            if (!text.isEmpty()) {
+                accept_button().setEnabled(true);
+            }
+        });
+    }
+
+    // So that names, sizes and dates can be read; wider ones that the user has made stay.
+    void widen_columns() {
+        auto* files = findChild<QTreeView*>(QStringLiteral("treeView"));
+        const QFontMetrics metrics(font());
+        const QDateTime long_date(QDate(2028, 12, 28), QTime(22, 58, 58));
+        const QString widest[] = {QString(38, QLatin1Char('n')), QStringLiteral("1023.99 MiB"),
+                                  QStringLiteral("zp2 File (88)"), QLocale().toString(long_date, QLocale::ShortFormat)};
+        int all = 0;
+        for (int column = 0; column < 4; ++column) {
+            const int room = metrics.horizontalAdvance(widest[column]) + 2 * metrics.averageCharWidth() + 12;
+            files->header()->resizeSection(column, std::max(room, files->header()->sectionSize(column)));
+            all += files->header()->sectionSize(column);
+        }
+        const int places = metrics.horizontalAdvance(QString(16, QLatin1Char('n')));
+        findChild<QSplitter*>(QStringLiteral("splitter"))->setSizes({places, all});
+        resize(std::max(width(), places + all + 60), std::max(height(), 30 * metrics.height()));
+    }
+
     QLineEdit& name_edit() { return *findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); }
     QPushButton& accept_button() {
         const auto* box = findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
@@ -73,28 +120,37 @@ private:
     }
 
     const QString extension_;
+    QElapsedTimer since_begin_;
 };
 
 class OpenDialog : public FileDialog {
 public:
-    OpenDialog(QWidget* parent, const FileRequest& request) : FileDialog(parent, tr("Open"), request) {
+    OpenDialog(QWidget* parent, const FileRequest& request, Whose whose)
+        : FileDialog(parent, tr("Open"), request, whose) {
         setObjectName(QStringLiteral("open_dialog"));
         setFileMode(ExistingFile);
     }
 
 protected:
     void accept() override {
-        const QString file = with_extension(selected());
-        if (!QFileInfo::exists(selected()) && QFileInfo::exists(file)) {
-            select_instead(file);
+        if (!is_native()) {
+            select_instead(meant(selected()));
         }
         QFileDialog::accept();
+    }
+    std::optional<QString> settled(const QString& file) override { return meant(file); }
+
+private:
+    QString meant(const QString& file) const {
+        const QString with = with_extension(file);
+        return !QFileInfo::exists(file) && QFileInfo::exists(with) ? with : file;
     }
 };
 
 class SaveDialog : public FileDialog {
 public:
-    SaveDialog(QWidget* parent, const FileRequest& request) : FileDialog(parent, tr("Save"), request) {
+    SaveDialog(QWidget* parent, const FileRequest& request, Whose whose)
+        : FileDialog(parent, tr("Save"), request, whose) {
         setObjectName(QStringLiteral("save_dialog"));
         setAcceptMode(AcceptSave);
         setFileMode(AnyFile);
@@ -103,7 +159,7 @@ public:
 
 protected:
     void accept() override {
-        if (QFileInfo(selected()).isDir()) {
+        if (is_native() || QFileInfo(selected()).isDir()) {
             return QFileDialog::accept(); // goes into it
         }
         const QString file = with_extension(selected());
@@ -112,8 +168,26 @@ protected:
             QFileDialog::accept(); // asks before it replaces a file
         }
     }
+    std::optional<QString> settled(const QString& chosen) override {
+        const QString file = with_extension(chosen);
+        const bool asked = file == chosen; // by the dialog
+        if (can_be_created(file) && (asked || may_replace(file))) {
+            return file;
+        }
+        selectFile(file);
+        return std::nullopt;
+    }
 
 private:
+    bool may_replace(const QString& file) {
+        return !QFileInfo::exists(file) ||
+               show_dialog(this, {.Message = to_model(QFileInfo(file).fileName()) + " already exists.",
+                                  .Explanation = "Do you want to replace it?",
+                                  .Icon = DialogIcon::caution,
+                                  .ActionButton = {"Replace", true},
+                                  .CancelButton = {"Cancel", true}}) == DialogAnswer::action;
+    }
+
     // What is made of a saved file goes beside it; every other name is a bare one.
     void propose(const FileRequest& request) {
         const std::string& name = request.default_name;
@@ -140,6 +214,19 @@ private:
     }
 };
 
+template <class Dialog> std::optional<FolderItem> ask(QWidget* parent, const FileRequest& request) {
+    static bool desktop_has_one = true;
+    if (desktop_has_one) {
+        Dialog dialog(parent, request, Whose::desktops_own);
+        const auto answer = dialog.ask();
+        desktop_has_one = answer || dialog.came_up();
+        if (desktop_has_one) {
+            return answer;
+        }
+    }
+    return Dialog(parent, request, Whose::qts_own).ask();
+}
+
 QString cut_to(const QString& text, qsizetype most_bytes) {
     const QByteArray bytes = text.toUtf8();
     if (bytes.size() <= most_bytes) {
@@ -154,11 +241,11 @@ QString cut_to(const QString& text, qsizetype most_bytes) {
 } // namespace
 
 std::optional<FolderItem> choose_open_file(QWidget* parent, const FileRequest& request) {
-    return OpenDialog(parent, request).ask();
+    return ask<OpenDialog>(parent, request);
 }
 
 std::optional<FolderItem> choose_save_file(QWidget* parent, const FileRequest& request) {
-    return SaveDialog(parent, request).ask();
+    return ask<SaveDialog>(parent, request);
 }
 
 QString proposed_name(const std::string& name, const std::string& extension) {
