@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QTreeView>
 
@@ -95,22 +96,25 @@ private:
         });
     }
 
-    // So that names, sizes and dates can be read; wider ones that the user has made stay.
+    // So that names, sizes and dates can be read; wider ones that the user has made stay. On a small screen the names
+    // give way.
     void widen_columns() {
-        auto* files = findChild<QTreeView*>(QStringLiteral("treeView"));
+        QHeaderView& header = *findChild<QTreeView*>(QStringLiteral("treeView"))->header();
         const QFontMetrics metrics(font());
+        const auto widen = [&](int column, const QString& widest, int most) {
+            const int wanted = metrics.horizontalAdvance(widest) + 2 * metrics.averageCharWidth() + 12;
+            header.resizeSection(column, std::min(std::max(wanted, header.sectionSize(column)), most));
+            return header.sectionSize(column);
+        };
         const QDateTime long_date(QDate(2028, 12, 28), QTime(22, 58, 58));
-        const QString widest[] = {QString(38, QLatin1Char('n')), QStringLiteral("1023.99 MiB"),
-                                  QStringLiteral("zp2 File (88)"), QLocale().toString(long_date, QLocale::ShortFormat)};
-        int all = 0;
-        for (int column = 0; column < 4; ++column) {
-            const int room = metrics.horizontalAdvance(widest[column]) + 2 * metrics.averageCharWidth() + 12;
-            files->header()->resizeSection(column, std::max(room, files->header()->sectionSize(column)));
-            all += files->header()->sectionSize(column);
-        }
+        const QSize room = screen()->availableSize() - QSize(2, 3) * metrics.height(); // within the frame
         const int places = metrics.horizontalAdvance(QString(16, QLatin1Char('n')));
-        findChild<QSplitter*>(QStringLiteral("splitter"))->setSizes({places, all});
-        resize(std::max(width(), places + all + 60), std::max(height(), 30 * metrics.height()));
+        const int beside_names = places + 60 + widen(1, QStringLiteral("1023.99 MiB"), room.width()) +
+                                 widen(2, QString(11, QLatin1Char('n')), room.width()) +
+                                 widen(3, QLocale().toString(long_date, QLocale::ShortFormat), room.width());
+        const int names = widen(0, QString(38, QLatin1Char('n')), std::max(90, room.width() - beside_names));
+        findChild<QSplitter*>(QStringLiteral("splitter"))->setSizes({places, beside_names - places + names});
+        resize(QSize(beside_names + names, 30 * metrics.height()).expandedTo(size()).boundedTo(room));
     }
 
     QLineEdit& name_edit() { return *findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); }

@@ -36,7 +36,8 @@ def use_homes(folder):
         os.environ.pop(name, None)
     os.environ.update({
         "HOME": str(home), "XDG_RUNTIME_DIR": str(runtime), "XDG_CONFIG_HOME": str(home / ".config"),
-        "XDG_DATA_HOME": str(home / ".local/share"), "LC_ALL": "C.UTF-8",
+        "XDG_DATA_HOME": str(home / ".local/share"), "XDG_STATE_HOME": str(home / ".local/state"),
+        "LC_ALL": "C.UTF-8",
         "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "XDG_CURRENT_DESKTOP": "",
     })
 
