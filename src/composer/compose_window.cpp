@@ -131,6 +131,8 @@ void ComposeWindow::compose_displayBox_DoubleClick() {
     shapebox.ChooseText(cell(column::wave_shape));
     outputbox.ChooseText(cell(column::output));
     app.level = row;
+    freq_field.SetFocus();
+    freq_field.SelectAll();
 }
 
 bool ComposeWindow::compose_displayBox_CellClick() {

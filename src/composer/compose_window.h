@@ -108,7 +108,8 @@ public:
         {.name = "compose_displayBox", .place = {57, 246, 825, 200}, .label = "Protocol", .grow = Grow::both},
         {.columns = column::count,
          .on_double_click = [this] { compose_displayBox_DoubleClick(); },
-         .on_cell_click = [this](int, int) { return compose_displayBox_CellClick(); }}};
+         .on_cell_click = [this](int, int) { return compose_displayBox_CellClick(); },
+         .row_commands = {"EditDeleteRow", "EditInsertRow"}}};
 
     // The running total of the table.
     std::int32_t totalminutes = 0;

@@ -130,10 +130,12 @@ void ConsolidatorWindow::save() {
     stream->Close();
     app.consolidatorchanged = false;
     app.changed = false;
+    shows_file(file);
     app.is_saved(*this);
 }
 
 void ConsolidatorWindow::forget_list() {
+    shows_file({});
     app.consolidatorchanged = false;
     nameField.SetText("");
     freqdisplayfield.SetText("");

@@ -100,6 +100,7 @@ public:
     bool _HelpHelpFile_Action();
     bool _HelpDisplayManual_Action();
     bool _HelpOnlineHelp_Action();
+    void show_help_on(const tessit::Window& window) override;
 
     Instance<FeedbackForm> FeedbackWindow{*this};
     Instance<FeedbackPopup> feedbackPopup{*this};

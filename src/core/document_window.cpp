@@ -18,6 +18,10 @@ DocumentWindow* last_document(const Application& app, MainPanel main_panel) {
     return last;
 }
 
+ShownDocument DocumentWindow::shown_document() {
+    return {.path = file_ ? file_->AbsolutePath() : "", .modified = change_flag()};
+}
+
 void archive_shared_state(Archive& archive, AppState& state) {
     archive.flag("use_euro", state.use_euro);
     archive.text("filename", state.filename);

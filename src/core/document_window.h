@@ -42,8 +42,14 @@ public:
     // Everything by which the window can be made again as it is: its controls and the shared state that they go with.
     virtual void archive_document(Archive& archive) = 0;
 
+    void shows_file(const std::optional<FolderItem>& file) { file_ = file; } // opened or saved; none: made of several
+    ShownDocument shown_document() override;
+
     virtual void delete_selected_level() {}
     virtual Insertion insert_level() { return Insertion::done; } // above the selected one
+
+private:
+    std::optional<FolderItem> file_;
 };
 
 // Two commands look for the last visible document window in the list, which need not be the one in front, and differ

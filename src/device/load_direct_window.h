@@ -34,7 +34,7 @@ public:
                            .place = {320, 23, 96, 26},
                            .help_tag = "Commence loading current data into Zephon",
                            .enabled = false},
-                          {.caption = "Load", .on_action = [this] { LoadButton_Action(); }}};
+                          {.caption = "Load", .on_action = [this] { LoadButton_Action(); }, .key = ButtonKey::enter}};
     StaticText loadcompleted{*this,
                              {.name = "loadcompleted", .place = {24, 76, 392, 22}, .visible = false},
                              {.text = "Load Completed", .align = Align::center}};

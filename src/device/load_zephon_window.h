@@ -32,7 +32,9 @@ public:
                       {.items = bank_units(), .list_index = 0, .on_change = [this] { bank_Change(); }}};
     PushButton loadbutton{*this,
                           {.name = "loadbutton", .place = {110, 112, 240, 26}, .enabled = false},
-                          {.caption = "Click Here to Commence Loading", .on_action = [this] { loadbutton_Action(); }}};
+                          {.caption = "Click Here to Commence Loading",
+                           .on_action = [this] { loadbutton_Action(); },
+                           .key = ButtonKey::enter}};
     StaticText zephonloadcomplete{*this,
                                   {.name = "zephonloadcomplete", .place = {24, 154, 412, 22}, .visible = false},
                                   {.text = "Zephon Loading Completed", .align = Align::center}};

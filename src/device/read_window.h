@@ -26,7 +26,7 @@ public:
     StaticText messagebox{*this, {.name = "messagebox", .place = {33, 14, 520, 58}}};
     PushButton Readbutton{*this,
                           {.name = "Readbutton", .place = {738, 20, 120, 28}},
-                          {.caption = "Read", .on_action = [this] { Readbutton_Action(); }}};
+                          {.caption = "Read", .on_action = [this] { Readbutton_Action(); }, .key = ButtonKey::enter}};
     RadioButton naDecimal{*this,
                           {.name = "naDecimal", .place = {33, 80, 258, 20}},
                           {.caption = "Use North American Decimal ( . )", .on_action = [this] { naDecimal_Action(); }}};
@@ -45,9 +45,10 @@ public:
     StaticText time_caption{*this, {.name = "time_caption", .place = {510, 116, 80, 20}}, {.text = "Total Time:"}};
     EditField BankTimeField{
         *this, {.name = "BankTimeField", .place = {592, 114, 80, 22}, .label = "Total Time"}, {.align = Align::center}};
-    Listbox displaybox{*this,
-                       {.name = "displaybox", .place = {33, 150, 825, 386}, .label = "Bank", .grow = Grow::both},
-                       {.columns = column::count}};
+    Listbox displaybox{
+        *this,
+        {.name = "displaybox", .place = {33, 150, 825, 386}, .label = "Bank Listing", .grow = Grow::both},
+        {.columns = column::count, .row_commands = {"EditEditProtocol"}}};
     void Event_Open() override;
     void Event_Activate() override;
     bool Event_CancelClose() override;

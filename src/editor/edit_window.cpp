@@ -124,6 +124,8 @@ void EditWindow::edit_displayBox_DoubleClick() {
     DutyMenu.ChooseText(cell(column::duty_cycle), 1); // a cell such as "50%" matches nothing, and is meant to
     shape_box.ChooseText(cell(column::wave_shape));
     output_box.ChooseText(cell(column::output));
+    FreqField.SetFocus();
+    FreqField.SelectAll();
 }
 
 void EditWindow::enter_level() {

@@ -125,9 +125,10 @@ public:
         *this,
         {.name = "changelvlfield", .place = {33, 175, 167, 39}, .label = "Change Level", .visible = false},
         {.align = Align::center, .read_only = true, .text_size = 18, .back_color = {0xFF0000}}};
-    PushButton cancelbutton{*this,
-                            {.name = "cancelbutton", .place = {33, 232, 167, 20}, .visible = false},
-                            {.caption = "Cancel Change", .on_action = [this] { cancelbutton_Action(); }}};
+    PushButton cancelbutton{
+        *this,
+        {.name = "cancelbutton", .place = {33, 232, 167, 20}, .visible = false},
+        {.caption = "Cancel Change", .on_action = [this] { cancelbutton_Action(); }, .key = ButtonKey::escape}};
     PushButton submitchange{*this,
                             {.name = "submitchange", .place = {228, 232, 126, 20}, .visible = false},
                             {.caption = "Submit Change", .on_action = [this] { submitchange_Action(); }}};
@@ -137,7 +138,10 @@ public:
     Listbox edit_displayBox{
         *this,
         {.name = "edit_displayBox", .place = {33, 287, 825, 339}, .label = "Protocol Listing", .grow = Grow::both},
-        {.columns = column::count, .on_double_click = [this] { edit_displayBox_DoubleClick(); }}};
+        {.columns = column::count,
+         .on_double_click = [this] { edit_displayBox_DoubleClick(); },
+         .row_commands = {"EditDeleteRow", "EditInsertRow", "UntitledSeparator2", "EditMakeallSine",
+                          "EditMakeallSquare"}}};
 
     // Running totals of displaydata; level entry and the row commands rebuild the fields from the cells instead.
     std::int32_t totalseconds = 0;

@@ -69,12 +69,14 @@ public:
     RadioButton isoDecimal{*this,
                            {.name = "isoDecimal", .place = {24, 354, 258, 20}},
                            {.caption = "Use ISO Decimal ( , )", .on_action = [this] { isoDecimal_Action(); }}};
-    PushButton Cancelbutton{*this,
-                            {.name = "Cancelbutton", .place = {216, 394, 100, 28}},
-                            {.caption = "Cancel", .on_action = [this] { Cancelbutton_Action(); }}};
-    PushButton setbutton{*this,
-                         {.name = "setbutton", .place = {326, 394, 120, 28}},
-                         {.caption = "Set Defaults", .on_action = [this] { setbutton_Action(); }}};
+    PushButton Cancelbutton{
+        *this,
+        {.name = "Cancelbutton", .place = {216, 394, 100, 28}},
+        {.caption = "Cancel", .on_action = [this] { Cancelbutton_Action(); }, .key = ButtonKey::escape}};
+    PushButton setbutton{
+        *this,
+        {.name = "setbutton", .place = {326, 394, 120, 28}},
+        {.caption = "Set Defaults", .on_action = [this] { setbutton_Action(); }, .key = ButtonKey::enter}};
 
     void Event_Open() override;
     void Event_EnableMenuItems() override;

@@ -97,6 +97,9 @@ public:
     void enable_menu_items();
     void choose_menu(std::string_view entry);
 
+    // User input: the user wants help with a window.
+    virtual void show_help_on(const tessit::Window&) {}
+
     // Files that come from outside, dropped on a window or given at the start. They are opened by the menu entry that
     // would open them, as if they had been chosen in its dialog.
     virtual std::string_view opening_entry(const FolderItem&) const { return {}; } // empty: none is meant for it

@@ -51,6 +51,7 @@ public:
     const RadioButtonDesign& own() const { return own_; }
 
     void click(); // user input: puts it on, then Action
+    bool holds_input() const override { return value_ && !own_.value; }
 
 protected:
     void archive_values(Archive& archive) override;

@@ -56,6 +56,7 @@ public:
     virtual void refresh() = 0;   // show the control's present values; calling it again changes nothing
     virtual void repaint_now() {} // and have them on the screen before returning
     virtual void take_focus() {}  // keyboard focus
+    virtual void select_all() {}  // of its text
 };
 
 class Control {
@@ -78,6 +79,8 @@ public:
 
     void SetFocus(); // makes this the window's focus control
     void Refresh();  // on the screen at once, also while a handler runs
+
+    virtual bool holds_input() const { return false; } // that would be lost with its window
 
     // A menu command that the control sees to itself while its window is in front; false leaves it to the program.
     virtual bool handle_command(std::string_view) { return false; }

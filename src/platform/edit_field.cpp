@@ -95,6 +95,17 @@ void EditField::select(TextSelection selection) {
     }
 }
 
+void EditField::SelectAll() {
+    select({.start = 0, .length = Len(Text())});
+    if (view() != nullptr) {
+        view()->select_all();
+    }
+}
+
+bool EditField::holds_input() const {
+    return !own_.read_only && Text() != accepted(own_.text);
+}
+
 std::string EditField::SelText() const {
     return Mid(Text(), selection_.start, selection_.length);
 }

@@ -50,6 +50,7 @@ public:
     int SelStart() const { return selection_.start; }
     int SelLength() const { return selection_.length; }
     std::string SelText() const;
+    void SelectAll();                       // so that the next text typed takes its place
     void SetSelText(std::string_view text); // in place of the selection, which is then the place behind it
 
     int TextSize() const { return text_size_; } // of characters whose style has no size; 0 for the system's
@@ -73,6 +74,7 @@ public:
     void edit(const tessit::StyledText& text); // with CR as its line end
     void select(TextSelection selection);      // kept within the text
     void leave();
+    bool holds_input() const override;
 
 protected:
     void archive_values(Archive& archive) override; // without styles and selection

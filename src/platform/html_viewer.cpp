@@ -8,7 +8,8 @@
 
 namespace tessit {
 
-void HTMLViewer::LoadPage(const FolderItem& file) {
+void HTMLViewer::LoadPage(const FolderItem& file, std::string_view chapter) {
+    chapter_ = chapter;
     looked_for_ = {file};
     for (const FolderItem& folder : window().application().desktop().document_folders()) {
         const FolderItem installed = folder.Child(file.DisplayName());

@@ -32,6 +32,8 @@ struct ListboxDesign {
     std::function<void(CellGraphics& g, int row, int column)> on_cell_background_paint{};
     // ForeColor is the text's colour; x and y are where it begins. True: the handler drew the text itself.
     std::function<bool(CellGraphics& g, int row, int column, int x, int y)> on_cell_text_paint{};
+    std::vector<std::string_view>
+        row_commands{}; // entries of the menu bar that the rows offer too, separators included
 };
 
 // A front end that shows single changes of a table; `refresh` reads everything anew.

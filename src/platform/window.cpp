@@ -3,10 +3,18 @@
 
 #include "platform/application.h"
 
+#include <algorithm>
+
 namespace tessit {
 
 void Window::raise(const char* event, const std::function<void()>& handler) {
     application_.raise(name() + "." + event, handler);
+}
+
+bool Window::holds_work() const {
+    return design_.frame == WindowFrame::document ||
+           std::any_of(controls_.begin(), controls_.end(),
+                       [](const Control* control) { return control->holds_input(); });
 }
 
 void Window::Show() {

@@ -34,6 +34,11 @@ struct WindowDesign {
     bool has_menu_bar = true;
 };
 
+struct ShownDocument {     // of a window that shows one
+    std::string path;      // of its file; empty where it has none
+    bool modified = false; // there is unsaved work
+};
+
 class Window {
 public:
     Window(Application& application, const WindowDesign& design) : application_(application), design_(design) {}
@@ -48,6 +53,8 @@ public:
 
     std::string Title() const { return design_.title; }
     int Frame() const { return static_cast<int>(design_.frame); }
+    // Documents do, and dialogs into which something has been typed.
+    bool holds_work() const;
     int Left() const { return left_; } // of the content on the screen, in points
     int Top() const { return top_; }
     bool Visible() const { return visible_; }
@@ -69,6 +76,9 @@ public:
     void activate();
     void close_by_user();
     void move_to(int left, int top);
+
+    // For the window system, which may mark the window by it; asked when an outermost event has ended.
+    virtual ShownDocument shown_document() { return {}; }
 
     virtual void Event_Open() {}
     virtual void Event_Activate() {}

@@ -24,6 +24,7 @@ void open_frequency_list(App& app, const FolderItem& file) {
     EditField& list = window.freqdisplayfield;
     list.SetText(stream->ReadAll()); // its text change makes separators of line ends and tabs
     list.SetText(list.Text());
+    window.shows_file(file);
     stream->Close();
 }
 

@@ -40,6 +40,7 @@ void open_protocol(App& app, const FolderItem& file) {
     EditField& name = app.editwindow->namefield;
     const bool appended = app.editwindow->edit_displayBox.LastIndex() > 1;
     name.SetText(appended ? name.Text() + "; " + app.filename : app.filename);
+    app.editwindow->shows_file(appended ? std::nullopt : std::optional(file));
     app.popupwindow->statusField.SetText("");
     app.popupwindow->statusField.SetText("  Loading file:  " + app.filename);
     app.popupwindow->Show();
@@ -119,6 +120,7 @@ void App::save_document(DocumentWindow* document) {
         auto stream = file->CreateBinaryFile(filetype);
         writefile(stream);
         if (document != nullptr && !filename.empty()) {
+            document->shows_file(file);
             is_saved(*document);
         }
     }

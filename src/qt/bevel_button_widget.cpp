@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "qt/bevel_button_widget.h"
 
+#include "qt/look.h"
+
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
@@ -50,7 +52,7 @@ BevelButtonWidget::BevelButtonWidget(BevelButton& button, QWidget& parent)
     : ControlWidget(button, *new QToolButton(&parent)), button_(button) {
     auto& widget_button = static_cast<QToolButton&>(widget());
     widget_button.setFocusPolicy(Qt::TabFocus); // a click leaves the focus with the field whose text it styles
-    widget_button.setIconSize({16, 16});
+    widget_button.setIconSize(scaled(QSize(16, 16), text_scale(parent)));
     widget_button.setIcon(QIcon(new StyleIcon(button.own().picture)));
     connect(&widget_button, &QToolButton::clicked, this, [this] { tell([this] { button_.click(); }); });
 }

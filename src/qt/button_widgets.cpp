@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qt/button_widgets.h"
 
+#include "qt/busy_sign.h"
 #include "qt/look.h"
 #include "qt/widget_text.h"
 
@@ -31,20 +32,61 @@ void leave_one_tab_stop(const QButtonGroup& group) {
     }
 }
 
+// Return clicks the button that has the focus, else the default one, and the one that it would click looks so. Qt sees
+// to that in dialogs alone.
+class Button : public QPushButton {
+public:
+    Button(ButtonKey key, QWidget* parent) : QPushButton(parent), is_default_(key == ButtonKey::enter) {
+        setAutoDefault(true);
+        setDefault(is_default_);
+    }
+
+protected:
+    void focusInEvent(QFocusEvent* event) override {
+        mark_default(false);
+        QPushButton::focusInEvent(event);
+    }
+
+    void focusOutEvent(QFocusEvent* event) override {
+        QPushButton::focusOutEvent(event);
+        mark_default(true);
+    }
+
+private:
+    void mark_default(bool marked) {
+        for (auto* sibling : parent()->findChildren<QPushButton*>(Qt::FindDirectChildrenOnly)) {
+            auto* button = dynamic_cast<Button*>(sibling);
+            if (button != nullptr && button->is_default_) {
+                button->setDefault(marked);
+            }
+        }
+    }
+
+    const bool is_default_;
+};
+
 } // namespace
 
 PushButtonWidget::PushButtonWidget(PushButton& button, QWidget& parent)
-    : ControlWidget(button, *new QPushButton(&parent)), button_(button), widget_(static_cast<QPushButton&>(widget())) {
-    widget_.setAutoDefault(true); // Return clicks it while it has the focus
-    widget_.setDefault(button.own().key == ButtonKey::enter);
+    : ControlWidget(button, *new Button(button.own().key, &parent)), button_(button),
+      widget_(static_cast<QPushButton&>(widget())) {
     set_text_size(button.own().text_size);
-    connect(&widget_, &QPushButton::clicked, this, [this] { tell([this] { button_.click(); }); });
+    connect(&widget_, &QPushButton::clicked, this, [this] { tell([this] { click(); }); });
+}
+
+void PushButtonWidget::click() {
+    const CommandSign sign(button_.window(), &widget_);
+    button_.click();
 }
 
 QSize PushButtonWidget::needed_size() const {
     constexpr int side_margins = 16; // the style's own hint asks for far more than a button's text needs
     const QFontMetrics metrics(widget_.font());
     return {metrics.horizontalAdvance(to_widget(button_.Caption())) + side_margins, metrics.height() + 6};
+}
+
+bool PushButtonWidget::answers_to(ButtonKey key) const {
+    return key != ButtonKey::none && key == button_.own().key && button_.Enabled() && button_.Visible();
 }
 
 void PushButtonWidget::show_values() {

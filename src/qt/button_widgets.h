@@ -16,8 +16,11 @@ public:
     PushButtonWidget(PushButton& button, QWidget& parent);
     QSize needed_size() const override;
     int halves_to_the_left() const override { return 1; }
+    bool answers_to(ButtonKey key) const; // and can be pressed
+    void press() { widget_.click(); }     // by such a key, as by a click on it
 
 private:
+    void click();
     void show_values() override;
 
     PushButton& button_;

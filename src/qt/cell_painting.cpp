@@ -53,6 +53,8 @@ void CellPainting::paint(QPainter* painter, const QStyleOptionViewItem& option, 
         text.backgroundBrush = Qt::NoBrush;
         text.state.setFlag(QStyle::State_Selected, false);
         text.palette.setColor(QPalette::Text, cell_color(g.ForeColor));
+        text.font.setBold(QColor(g.ForeColor.rgb).saturation() >
+                          0); // a colour is not the only sign, and may be pale on white
         text.widget->style()->drawControl(QStyle::CE_ItemViewItem, &text, painter, text.widget);
     }
     painter->restore();

@@ -12,6 +12,22 @@
 
 namespace tessit::qt {
 
+namespace {
+
+bool moves_in_list(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        return (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
 PopupMenuWidget::PopupMenuWidget(PopupMenu& menu, QWidget& parent)
     : ControlWidget(menu, *new QComboBox(&parent)), menu_(menu), box_(static_cast<QComboBox&>(widget())) {
     box_.setInsertPolicy(QComboBox::NoInsert);
@@ -36,8 +52,13 @@ QSize PopupMenuWidget::needed_size() const {
     return {widest + 200 - room.width() + 2 * inner_margin, box_.fontMetrics().height() + 40 - room.height()};
 }
 
-// Turning the wheel to scroll the window must not change a value on the way.
+// Turning the wheel to scroll the window must not change a value on the way. The keys that move in the list open it:
+// entries can be passed, and only the one that is chosen does what choosing does.
 bool PopupMenuWidget::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && moves_in_list(static_cast<QKeyEvent&>(*event))) {
+        box_.showPopup();
+        return true;
+    }
     if (event->type() == QEvent::Wheel && !box_.hasFocus()) {
         event->ignore();
         return true;
@@ -103,14 +124,25 @@ void ComboBoxWidget::finish_typing() {
     }
 }
 
+// Before Tab looks where to go: what was typed may enable the next control, or send the focus elsewhere.
+bool ComboBoxWidget::finishing_key_used_up(int key) {
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        finish_typing();
+        return true;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        finish_typing();
+        return box().window()->focusWidget() != &box();
+    default:
+        return false;
+    }
+}
+
 bool ComboBoxWidget::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        const bool finishes = key == Qt::Key_Return || key == Qt::Key_Enter;
-        if (finishes) {
-            finish_typing();
-        }
-        return finishes;
+    if (event->type() == QEvent::KeyPress && typing_ && finishing_key_used_up(static_cast<QKeyEvent*>(event)->key())) {
+        return true;
     }
     if (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide) {
         finish_typing();

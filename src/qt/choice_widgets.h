@@ -37,6 +37,7 @@ private:
     void show_values() override;
     void text_changed(const QString& text);
     void finish_typing();
+    bool finishing_key_used_up(int key);
 
     ComboBox& combo_;
     bool typing_ = false;

@@ -2,6 +2,7 @@
 #include "qt/column_widths.h"
 
 #include "platform/text.h"
+#include "qt/look.h"
 
 #include <algorithm>
 #include <charconv>
@@ -37,12 +38,12 @@ void give_way(std::vector<int>& widths, const std::vector<int>& needed, int exce
 
 } // namespace
 
-std::vector<int> column_widths(std::string_view widths, const std::vector<int>& needed, int available) {
+std::vector<int> column_widths(std::string_view widths, double scale, const std::vector<int>& needed, int available) {
     const Array<std::string> places = Split(widths, ",");
     std::vector<int> result = needed;
     std::vector<std::size_t> sharing;
     for (std::size_t column = 0; column < needed.size(); ++column) {
-        const int designed = designed_width(places, column);
+        const int designed = scaled(designed_width(places, column), scale);
         result[column] = std::max(needed[column], designed);
         if (designed == 0) {
             sharing.push_back(column);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "qt/control_widget.h"
 
+#include "qt/busy_sign.h"
+#include "qt/look.h"
 #include "qt/widget_text.h"
 
 #include <QCoreApplication>
@@ -50,9 +52,16 @@ void ControlWidget::quietly(const std::function<void()>& change) {
 
 void ControlWidget::show_state() {
     widget_.setEnabled(control_->Enabled());
-    if (widget_.isHidden() == control_->Visible()) {
-        widget_.setVisible(control_->Visible());
+    const bool shown = control_->Visible() && !out_of_sight_;
+    if (widget_.isHidden() == shown) {
+        widget_.setVisible(shown);
     }
+}
+
+void ControlWidget::keep_out_of_sight() {
+    out_of_sight_ = true;
+    widget_.setFocusPolicy(Qt::NoFocus);
+    widget_.hide();
 }
 
 // Oftener than the eye can follow, painting would be most of what the handler does; the rest comes when it waits.
@@ -65,6 +74,7 @@ void ControlWidget::repaint_now() {
     if (exposed && since_painted_.isValid() && !since_painted_.hasExpired(frame)) {
         return;
     }
+    handler_goes_on();
     paint_at_once(*widget_.window());
     since_painted_.start();
 }
@@ -83,7 +93,7 @@ void ControlWidget::tell(const std::function<void()>& door) {
 void ControlWidget::set_text_size(int points) {
     if (points > 0) {
         QFont font = widget_.font();
-        font.setPixelSize(points);
+        font.setPixelSize(scaled(points, text_scale(widget_)));
         widget_.setFont(font);
     }
 }

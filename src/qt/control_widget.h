@@ -33,6 +33,9 @@ public:
     // when it lets the screen be seen.
     virtual void show_pending() {}
 
+    // The design keeps it off the content: it is not to be seen, and nobody is told that it is.
+    void keep_out_of_sight();
+
     void refresh() final;
     void repaint_now() override;
     void take_focus() override;
@@ -53,6 +56,7 @@ private:
     const ControlDesign design_;
     QWidget& widget_;
     int quiet_ = 0;
+    bool out_of_sight_ = false;
     QElapsedTimer since_painted_;
 };
 

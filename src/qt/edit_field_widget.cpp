@@ -4,6 +4,7 @@
 #include "platform/application.h"
 #include "platform/text.h"
 #include "qt/dialogs.h"
+#include "qt/focus_frame.h"
 #include "qt/look.h"
 #include "qt/styled_document.h"
 #include "qt/widget_text.h"
@@ -110,9 +111,9 @@ QTextOption::WrapMode wrap_mode_for(QStringView text) {
 }
 
 // Texts are pasted and dropped here, before the field knows of them.
-class TextEdit : public QPlainTextEdit {
+class TextEdit : public FocusFrame<QPlainTextEdit> {
 public:
-    TextEdit(EditField& field, QWidget* parent) : QPlainTextEdit(parent), field_(field) {}
+    TextEdit(EditField& field, QWidget* parent) : FocusFrame(parent), field_(field) {}
 
 protected:
     void insertFromMimeData(const QMimeData* source) override {
@@ -140,6 +141,9 @@ FieldWidget::FieldWidget(EditField& field, QWidget& widget) : ControlWidget(fiel
     show_text_size();
     widget.installEventFilter(this);
     show_colors();
+    if (field.own().read_only) { // nothing to be typed there; the mouse selects what is to be copied
+        widget.setFocusPolicy(Qt::ClickFocus);
+    }
 }
 
 bool FieldWidget::eventFilter(QObject*, QEvent* event) {
@@ -216,13 +220,19 @@ void FieldWidget::tell_selection(const QTextCursor& cursor, const QString& text)
 void FieldWidget::show_text_size() {
     if (field_.TextSize() != shown_size_) {
         shown_size_ = field_.TextSize();
-        widget().setFont(with_size(QApplication::font(), shown_size_));
+        const QWidget& window = *widget().window();
+        widget().setFont(with_size(window.font(), scaled(shown_size_, text_scale(window))));
     }
 }
 
 void FieldWidget::show_colors() {
     if (field_.own().back_color != EditFieldDesign{}.back_color) {
         widget().setPalette(field_palette(field_.own().back_color));
+    } else if (field_.own().read_only) { // a shade of its window, whatever its colour
+        constexpr QColor shade(128, 128, 128, 28);
+        QPalette palette;
+        palette.setColor(QPalette::Base, shade);
+        widget().setPalette(palette);
     }
 }
 

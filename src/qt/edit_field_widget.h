@@ -42,6 +42,7 @@ class LineFieldWidget : public FieldWidget {
 public:
     LineFieldWidget(EditField& field, QWidget& parent);
     int halves_to_the_left() const override;
+    void select_all() override { edit_.selectAll(); }
 
 private:
     void show_values() override;

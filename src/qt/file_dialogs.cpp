@@ -4,6 +4,7 @@
 #include "platform/fault.h"
 #include "platform/file_replacement.h"
 #include "qt/dialogs.h"
+#include "qt/look.h"
 #include "qt/widget_text.h"
 
 #include <QDialogButtonBox>
@@ -42,6 +43,7 @@ class FileDialog : public QFileDialog {
 public:
     FileDialog(QWidget* parent, const QString& title, const FileRequest& request, Whose whose)
         : QFileDialog(parent, title), extension_(to_widget(request.type.Extensions)) {
+        setFont(desktop_font());
         setOption(DontUseNativeDialog, whose == Whose::qts_own);
         setSupportedSchemes({QStringLiteral("file")});
         setDirectory(from_path(request.start_folder.path()));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qt/html_viewer_widget.h"
 
+#include "qt/look.h"
 #include "qt/widget_text.h"
 
 #include <QDir>
@@ -34,6 +35,7 @@ HTMLViewerWidget::HTMLViewerWidget(HTMLViewer& viewer, QWidget& parent)
     : ControlWidget(viewer, *new QWidget(&parent)), viewer_(viewer), row_(*new QWidget(&widget())),
       pages_(*new QStackedWidget(&widget())), html_(*new DocumentBrowser(&pages_)), pdf_(*new PdfPage(pages_)),
       notice_(*new QLabel(&widget())), find_bar_(*new FindBar(widget())) {
+    widget().setFont(in_pixels(desktop_font()));
     auto* column = new QVBoxLayout(&widget());
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -123,7 +125,7 @@ void HTMLViewerWidget::make_shortcuts() {
     });
     on(Qt::Key_F3, [this] { find(false, false); });
     on(Qt::SHIFT | Qt::Key_F3, [this] { find(true, false); });
-    on(Qt::Key_Escape, [this] { find_bar_.isVisible() ? find_bar_.shut() : notice_.hide(); });
+    on(Qt::Key_Escape, [this] { shut_something(); });
     on(Qt::ALT | Qt::Key_Left, [this] { go_back(); });
     on(Qt::ALT | Qt::Key_Right, [this] { go_forward(); });
     on(Qt::CTRL | Qt::Key_Plus, [this] { zoom(1); });
@@ -146,7 +148,7 @@ void HTMLViewerWidget::show_values() {
     const QString path = file_name_of(*viewer_.page());
     folder_ = QFileInfo(path).absolutePath();
     html_.clearHistory();
-    show_file(path, "");
+    show_file(path, to_widget(viewer_.chapter()));
 }
 
 void HTMLViewerWidget::show_file(const QString& path, const QString& anchor) {
@@ -230,6 +232,16 @@ void HTMLViewerWidget::follow(const QUrl& link) {
 void HTMLViewerWidget::tell(const QString& text) {
     notice_.setText(text);
     notice_.setVisible(!text.isEmpty());
+}
+
+void HTMLViewerWidget::shut_something() {
+    if (find_bar_.isVisible()) {
+        find_bar_.shut();
+    } else if (notice_.isVisible()) {
+        notice_.hide();
+    } else {
+        widget().window()->close();
+    }
 }
 
 void HTMLViewerWidget::go_back() {

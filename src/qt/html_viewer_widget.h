@@ -41,7 +41,8 @@ private:
     void find(bool backward, bool from_present_place);
     FoundPlace place_in_html(const QString& text) const; // of the selected one
     void end_find();
-    void zoom(int steps); // 0: as it was at first
+    void shut_something(); // the find bar, what was told, or else the window
+    void zoom(int steps);  // 0: as it was at first
     void edit(EditCommand command);
     void refresh_buttons();
     void list_headings(); // of the PDF, a chapter with its sections each

@@ -2,8 +2,12 @@
 #include "qt/listbox_widget.h"
 
 #include "qt/column_widths.h"
+#include "qt/focus_frame.h"
+#include "qt/look.h"
+#include "qt/menu_bar.h"
 #include "qt/widget_text.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -21,9 +25,9 @@ constexpr int widest_need = 260; // a longer text is shown with dots at its end
 } // namespace
 
 ListboxWidget::ListboxWidget(Listbox& listbox, QWidget& parent)
-    : ControlWidget(listbox, *new QTableView(&parent)), listbox_(listbox), view_(static_cast<QTableView&>(widget())),
-      model_(listbox), needed_(static_cast<std::size_t>(listbox.ColumnCount())), longest_(needed_.size()),
-      dragged_(needed_.size()) {
+    : ControlWidget(listbox, *new FocusFrame<QTableView>(&parent)), listbox_(listbox), window_(&listbox.window()),
+      view_(static_cast<QTableView&>(widget())), model_(listbox),
+      needed_(static_cast<std::size_t>(listbox.ColumnCount())), longest_(needed_.size()), dragged_(needed_.size()) {
     listbox.attach_table(&changes_);
     view_.setModel(&model_);
     view_.setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -36,10 +40,11 @@ ListboxWidget::ListboxWidget(Listbox& listbox, QWidget& parent)
     view_.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     view_.verticalHeader()->hide();
     view_.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    view_.verticalHeader()->setDefaultSectionSize(std::max(Listbox::row_height, view_.fontMetrics().height() + 4));
+    view_.verticalHeader()->setDefaultSectionSize(
+        std::max(scaled(Listbox::row_height, text_scale(parent)), view_.fontMetrics().height() + 4));
     view_.horizontalHeader()->setVisible(listbox.own().has_heading);
     view_.horizontalHeader()->setHighlightSections(false);
-    view_.horizontalHeader()->setMinimumSectionSize(20);
+    view_.horizontalHeader()->setMinimumSectionSize(scaled(20, text_scale(parent)));
     view_.installEventFilter(this);
     view_.viewport()->installEventFilter(this);
     if (listbox.own().on_cell_background_paint || listbox.own().on_cell_text_paint) {
@@ -74,6 +79,7 @@ void ListboxWidget::connect_user_input() {
 void ListboxWidget::detach() {
     if (attached()) {
         listbox_.attach_table(nullptr);
+        window_ = nullptr;
         quietly([this] { model_.detach(); });
         if (painting_ != nullptr) {
             painting_->detach();
@@ -98,9 +104,38 @@ void ListboxWidget::click_cell(const QModelIndex& cell) {
     }
 }
 
+// The row that a right click or the keyboard's menu key asks about; none beside the rows.
+QModelIndex ListboxWidget::asked_about(const QObject* watched, const QEvent& event) const {
+    if (listbox_.own().row_commands.empty()) {
+        return {};
+    }
+    if (event.type() == QEvent::ContextMenu && watched == view_.viewport()) {
+        return view_.indexAt(static_cast<const QContextMenuEvent&>(event).pos());
+    }
+    const auto is_shift_f10 = [&] {
+        const auto& key = static_cast<const QKeyEvent&>(event);
+        return key.key() == Qt::Key_F10 && key.modifiers() == Qt::ShiftModifier;
+    };
+    const bool by_key = watched == &view_ &&
+                        (event.type() == QEvent::ContextMenu || (event.type() == QEvent::KeyPress && is_shift_f10()));
+    return by_key ? view_.currentIndex() : QModelIndex();
+}
+
+void ListboxWidget::show_row_commands(const QModelIndex& cell, const QEvent& event) {
+    const bool by_mouse = event.type() == QEvent::ContextMenu &&
+                          static_cast<const QContextMenuEvent&>(event).reason() == QContextMenuEvent::Mouse;
+    const QPoint place = by_mouse ? static_cast<const QContextMenuEvent&>(event).globalPos()
+                                  : view_.viewport()->mapToGlobal(view_.visualRect(cell).bottomLeft());
+    show_entries(listbox_.own().row_commands, place, view_, window_);
+}
+
 bool ListboxWidget::eventFilter(QObject* watched, QEvent* event) {
     if (!attached()) {
         return false;
+    }
+    if (const QModelIndex cell = asked_about(watched, *event); cell.isValid()) {
+        show_row_commands(cell, *event);
+        return true;
     }
     if (event->type() == QEvent::MouseButtonPress && watched == view_.viewport()) {
         const auto* press = static_cast<QMouseEvent*>(event);
@@ -159,7 +194,7 @@ void ListboxWidget::show_scroll_position() {
 }
 
 void ListboxWidget::share_width() {
-    const auto widths = column_widths(listbox_.ColumnWidths(), needed_, view_.viewport()->width());
+    const auto widths = column_widths(listbox_.ColumnWidths(), text_scale(view_), needed_, view_.viewport()->width());
     sharing_ = true;
     for (std::size_t column = 0; column < widths.size(); ++column) {
         if (!dragged_[column]) {
@@ -188,7 +223,7 @@ void ListboxWidget::measure(int row, int column) {
     longest_[at] = text.size();
     const int width = view_.fontMetrics().horizontalAdvance(to_widget(text)) + cell_margins;
     if (width > needed_[at]) {
-        needed_[at] = std::min(width, std::max(widest_need, needed_[at]));
+        needed_[at] = std::min(width, std::max(scaled(widest_need, text_scale(view_)), needed_[at]));
         share_width();
     }
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // A Listbox as a table view: one selected row, headings, columns that share the width. A double-click, or Return,
 // Enter or F2 on the selected row, is the model's double-click. A click on a cell, or the space bar on the current one,
-// is the model's click; Return and Enter too where the table has no double-click.
+// is the model's click; Return and Enter too where the table has no double-click. A right click, the menu key or
+// Shift+F10 on a row shows its commands; a right click selects the row first, as the arrow keys would.
 #pragma once
 
 #include "platform/listbox.h"
@@ -45,8 +46,11 @@ private:
     bool is_double_click_key(int key) const;
     bool is_cell_click_key(int key) const;
     void click_cell(const QModelIndex& cell);
+    QModelIndex asked_about(const QObject* watched, const QEvent& event) const;
+    void show_row_commands(const QModelIndex& cell, const QEvent& event);
 
     Listbox& listbox_;
+    Window* window_; // null once the Listbox is going
     QTableView& view_;
     ListboxModel model_;
     CellPainting* painting_ = nullptr; // belongs to the view

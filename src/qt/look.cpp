@@ -1,12 +1,29 @@
 // SPDX-License-Identifier: MIT
 #include "qt/look.h"
 
+#include <QFontDatabase>
 #include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+#include <algorithm>
 #include <cmath>
 
 namespace tessit::qt {
 
 namespace {
+
+constexpr int designed_text = 12;           // pixels
+constexpr double largest_usual_text = 13.5; // 10 points on a screen of 96 dots an inch
+
+double size_in_pixels(const QFont& font) {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const double dots_per_inch = screen == nullptr ? 96 : screen->logicalDotsPerInchY();
+    return font.pixelSize() > 0 ? font.pixelSize() : font.pointSizeF() * dots_per_inch / 72;
+}
+
+int whole_pixels(double text_size) {
+    return std::clamp(static_cast<int>(std::lround(text_size)), 1, 8 * designed_text);
+}
 
 double luminance(const QColor& color) { // relative, as the accessibility guidelines define it
     const auto linear = [](double part) {
@@ -32,12 +49,41 @@ QPalette with_legible_disabled(QPalette palette) {
 
 } // namespace
 
-// Places are in logical pixels, and so is the font: it grows with the screen's scale as they do.
-QFont application_font() {
+QFont desktop_font() {
+    return QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+}
+
+QFont in_pixels(QFont font) {
+    font.setPixelSize(whole_pixels(size_in_pixels(font)));
+    return font;
+}
+
+// Places are in logical pixels, and so are the fonts: they grow with the screen's scale as they do.
+QFont window_font(const QFont& desktop) {
+    const double size = size_in_pixels(desktop);
     QFont font;
     font.setFamilies({"Liberation Sans", "Arial", "Helvetica", "DejaVu Sans"});
-    font.setPixelSize(12);
+    font.setPixelSize(size <= largest_usual_text ? designed_text : whole_pixels(size));
     return font;
+}
+
+double text_scale(const QWidget& widget) {
+    const int size = widget.window()->font().pixelSize();
+    return size <= 0 ? 1 : static_cast<double>(size) / designed_text;
+}
+
+int scaled(int length, double scale) {
+    return static_cast<int>(std::lround(length * scale));
+}
+
+QSize scaled(QSize size, double scale) {
+    return {scaled(size.width(), scale), scaled(size.height(), scale)};
+}
+
+QRect scaled(const QRect& place, double scale) {
+    const QPoint corner(scaled(place.x(), scale), scaled(place.y(), scale));
+    const QPoint end(scaled(place.x() + place.width(), scale), scaled(place.y() + place.height(), scale));
+    return {corner, QSize(end.x() - corner.x(), end.y() - corner.y())};
 }
 
 bool is_dark(const QPalette& palette) {

@@ -2,9 +2,13 @@
 #include "qt/menu_bar.h"
 
 #include "platform/application.h"
+#include "qt/busy_sign.h"
+#include "qt/look.h"
 #include "qt/widget_text.h"
 
+#include <QEvent>
 #include <QSet>
+#include <QTimer>
 
 namespace tessit::qt {
 
@@ -24,35 +28,79 @@ std::vector<qsizetype> candidates(const QString& caption) {
     return starts;
 }
 
-std::vector<std::string> captions_of(const Menu& menu) {
+using Items = std::vector<const MenuItem*>;
+
+std::vector<std::string> captions_of(const Items& items) {
     std::vector<std::string> result;
-    for (const MenuItem& item : menu.items) {
-        result.push_back(item.is_separator() ? std::string() : item.caption());
+    for (const MenuItem* item : items) {
+        result.push_back(item->is_separator() ? std::string() : item->caption());
     }
     return result;
 }
 
-void show_enabled(QMenu& menu, Window& window) {
-    window.activate();
-    Application& application = window.application();
-    application.enable_menu_items();
+void show_enabled(const QMenu& menu, MenuBar& bar) {
     for (QAction* action : menu.actions()) {
         if (!action->isSeparator()) {
-            action->setEnabled(application.MenuBar1.item(action->objectName().toStdString()).Enabled());
+            action->setEnabled(bar.item(action->objectName().toStdString()).Enabled());
         }
     }
 }
 
-void fill_menu(QMenu& widget, const Menu& menu, Window*& window) {
-    const std::vector<QString> captions = with_mnemonics(captions_of(menu));
-    for (std::size_t at = 0; at < menu.items.size(); ++at) {
-        const MenuItem& item = menu.items[at];
+void ask_and_show_enabled(const QMenu& menu, Window& window) {
+    window.activate();
+    window.application().enable_menu_items();
+    show_enabled(menu, window.application().MenuBar1);
+}
+
+// What is enabled goes by the window alone, so that one look when it first comes up shows it before a menu opens.
+class FirstLook : public QObject {
+public:
+    FirstLook(QMenuBar& bar, Window*& window) : QObject(&bar), bar_(bar), window_(window) {
+        bar.window()->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::WindowActivate) {
+            look_in(0);
+        }
+        return false;
+    }
+
+private:
+    void look_in(int milliseconds) {
+        QTimer::singleShot(milliseconds, this, [this] { look(); });
+    }
+
+    void look() {
+        if (window_ == nullptr || !bar_.window()->isActiveWindow()) {
+            return; // it is activated again
+        }
+        Application& application = window_->application();
+        if (application.busy() || !application.in_front(*window_)) {
+            return look_in(100);
+        }
+        application.enable_menu_items();
+        for (const QAction* menu : bar_.actions()) {
+            show_enabled(*menu->menu(), application.MenuBar1);
+        }
+        deleteLater();
+    }
+
+    QMenuBar& bar_;
+    Window*& window_;
+};
+
+void fill_menu(QMenu& widget, const Items& items, Window*& window) {
+    const std::vector<QString> captions = with_mnemonics(captions_of(items));
+    for (std::size_t at = 0; at < items.size(); ++at) {
+        const MenuItem& item = *items[at];
         QAction* action = item.is_separator() ? widget.addSeparator() : widget.addAction(captions[at]);
         action->setObjectName(to_widget(item.name()));
         action->setMenuRole(QAction::NoRole);
         if (!item.is_separator()) {
             QObject::connect(action, &QAction::triggered, &widget, [&window, name = item.name()] {
                 if (window != nullptr) {
+                    const CommandSign sign(*window);
                     window->activate();
                     window->application().choose_menu(name);
                 }
@@ -61,7 +109,7 @@ void fill_menu(QMenu& widget, const Menu& menu, Window*& window) {
     }
     QObject::connect(&widget, &QMenu::aboutToShow, &widget, [&widget, &window] {
         if (window != nullptr) {
-            show_enabled(widget, *window);
+            ask_and_show_enabled(widget, *window);
         }
     });
 }
@@ -103,8 +151,27 @@ void fill_menu_bar(QMenuBar& bar, Window*& window) {
         QMenu* widget = bar.addMenu(marked[at]);
         widget->setObjectName(to_widget(menus[at].name));
         widget->menuAction()->setObjectName(to_widget(menus[at].name));
-        fill_menu(*widget, menus[at], window);
+        Items items;
+        for (const MenuItem& item : menus[at].items) {
+            items.push_back(&item);
+        }
+        fill_menu(*widget, items, window);
     }
+    new FirstLook(bar, window);
+}
+
+void show_entries(const std::vector<std::string_view>& names, QPoint place, QWidget& owner, Window*& window) {
+    auto* menu = new QMenu(&owner);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setObjectName(owner.objectName() + QLatin1String("_commands"));
+    menu->setPalette(legible_palette());
+    menu->setFont(owner.window()->font());
+    Items items;
+    for (const std::string_view name : names) {
+        items.push_back(&window->application().MenuBar1.item(name));
+    }
+    fill_menu(*menu, items, window);
+    menu->popup(place);
 }
 
 } // namespace tessit::qt

@@ -5,6 +5,7 @@
 #include "platform/file_replacement.h"
 #include "qt/dialogs.h"
 #include "qt/file_dialogs.h"
+#include "qt/look.h"
 #include "qt/page_painter.h"
 
 #include <QBuffer>
@@ -129,6 +130,7 @@ std::unique_ptr<Graphics> PrinterChoice::ask(QWidget* parent, const QString& doc
     printer_->setDocName(document.isEmpty() ? QLatin1String(nameless_document) : document);
     QPrintDialog dialog(printer_.get(), parent);
     dialog.setObjectName(QStringLiteral("print_dialog"));
+    dialog.setFont(desktop_font());
     dialog.setWindowTitle(QStringLiteral("Print \"%1\"").arg(printer_->docName()));
     leave_out_page_options(dialog);
     if (!same_file) {

@@ -3,6 +3,7 @@
 
 #include "platform/application.h"
 #include "platform/user_folders.h"
+#include "qt/busy_sign.h"
 #include "qt/dialogs.h"
 #include "qt/earlier_input.h"
 #include "qt/endings.h"
@@ -37,6 +38,14 @@ FolderItem folder_item(const QString& path) {
     return FolderItem(QFile::encodeName(path).toStdString());
 }
 
+qint64 file_size(const FolderItem& file) {
+    return QFileInfo(QFile::decodeName(file.path().c_str())).size();
+}
+
+QString place_key(const WindowWidget& widget) {
+    return QLatin1String("windows/") + widget.objectName();
+}
+
 bool lives_beside_program() { // where it was built
     const QString beside_program = QCoreApplication::applicationDirPath();
     const bool installed = QDir(beside_program).exists(QStringLiteral("../share/tessit-control"));
@@ -58,7 +67,6 @@ bool GuiApplication::notify(QObject* receiver, QEvent* event) {
 
 QtDesktop::QtDesktop() : clock_([this] { repaint_uncovered(); }) {
     QApplication::setStyle(new SharedPalettes(QApplication::style()->name()));
-    QApplication::setFont(application_font());
     watch_input();
     QApplication::setQuitOnLastWindowClosed(false); // the program decides when it ends
     QApplication::setWindowIcon(QIcon(logo({64, 64}, 2)));
@@ -78,6 +86,8 @@ int QtDesktop::run() {
         [this] {
             if (application_ != nullptr) {
                 application_->ended_by_system();
+                keep_places();
+                state_.reset(); // which writes it
             }
         },
         [this] { return application_ == nullptr || application_->session_may_end(); });
@@ -112,16 +122,25 @@ std::vector<FolderItem> QtDesktop::document_folders() {
 
 DialogAnswer QtDesktop::show_dialog(const MessageDialog& dialog) {
     put_waiting_on_screen();
+    const QuestionSign question;
     return qt::show_dialog(active_widget(), dialog);
 }
 
 std::optional<FolderItem> QtDesktop::choose_open_file(const FileRequest& request) {
     put_waiting_on_screen();
-    return qt::choose_open_file(active_widget(), in_last_folder(request));
+    auto chosen = [&] {
+        const QuestionSign question;
+        return qt::choose_open_file(active_widget(), in_last_folder(request));
+    }();
+    if (chosen) {
+        handler_works_on(file_size(*chosen));
+    }
+    return chosen;
 }
 
 std::optional<FolderItem> QtDesktop::choose_save_file(const FileRequest& request) {
     put_waiting_on_screen();
+    const QuestionSign question;
     return qt::choose_save_file(active_widget(), in_last_folder(request));
 }
 
@@ -142,6 +161,7 @@ void QtDesktop::file_chosen(const FolderItem& file) {
 
 std::unique_ptr<Graphics> QtDesktop::choose_printer_for(const std::string& document) {
     put_waiting_on_screen();
+    const QuestionSign question;
     auto chosen = printer_choice_.ask(active_widget(), to_widget(document), state().value(print_folder_key).toString());
     if (chosen != nullptr && !printer_choice_.folder().isEmpty()) {
         state().set(print_folder_key, printer_choice_.folder());
@@ -151,6 +171,7 @@ std::unique_ptr<Graphics> QtDesktop::choose_printer_for(const std::string& docum
 
 void QtDesktop::show_fault(const FaultReport& report) {
     put_waiting_on_screen();
+    const QuestionSign question;
     qt::show_fault(active_widget(), report);
 }
 
@@ -209,7 +230,7 @@ WindowWidget& QtDesktop::ready_widget(Window& window) {
     if (widget == nullptr) {
         widget = &make_widget(window);
     } else if (widget->is_notice() && !widget->isVisible()) {
-        widget->place_on_screen(active_widget()); // another window may be the active one now
+        widget->place_on_screen(open_windows()); // another window may be the active one now
     }
     widget->show_pending();
     return *widget;
@@ -219,13 +240,23 @@ void QtDesktop::put_on_screen(Window& window) {
     activation_.bring_to_front(ready_widget(window));
 }
 
+// Widgets have the windows' font from their beginning on: another one would have to be loaded.
+void QtDesktop::follow_desktop_font() {
+    const QFont font = desktop_font();
+    if (followed_font_ != font) {
+        followed_font_ = font;
+        QApplication::setFont(window_font(font));
+        QApplication::setFont(font, "QMessageBox"); // also those of Qt's own dialogs
+    }
+}
+
 WindowWidget& QtDesktop::make_widget(Window& window) {
+    follow_desktop_font();
     auto* widget = new WindowWidget(window, activation_);
     widgets_[&window] = widget;
-    widget->place_on_screen(active_widget());
-    const auto last_place = last_places_.find(window.name());
-    if (last_place != last_places_.end() && !widget->is_notice()) {
-        widget->restoreGeometry(last_place->second); // on a screen that there still is
+    widget->place_on_screen(open_windows());
+    if (const auto last = last_place(*widget)) {
+        widget->place_on_screen_again(*last);
     }
     return *widget;
 }
@@ -249,6 +280,7 @@ void QtDesktop::put_waiting_on_screen() {
 void QtDesktop::window_hidden(Window& window) {
     std::erase(waiting_, &window);
     if (WindowWidget* widget = widget_of(window)) {
+        keep_place(*widget);
         widget->hide();
     }
 }
@@ -256,7 +288,7 @@ void QtDesktop::window_hidden(Window& window) {
 void QtDesktop::window_closed(Window& window) {
     std::erase(waiting_, &window);
     if (WindowWidget* widget = widget_of(window)) {
-        last_places_[window.name()] = widget->saveGeometry();
+        keep_place(*widget);
         widget->forget_model();
         std::erase(closed_, nullptr);
         closed_.emplace_back(widget);
@@ -267,12 +299,15 @@ void QtDesktop::window_closed(Window& window) {
 void QtDesktop::event_ended() {
     recent_files_.note();
     put_waiting_on_screen();
+    show_documents();
+    handler_ended();
     activation_.event_ended();
 }
 
 // QApplication::quit would ask the windows, which never close by themselves.
 void QtDesktop::quit() {
     quit_asked_ = true;
+    keep_places();
     QCoreApplication::exit(0);
 }
 
@@ -288,14 +323,55 @@ DesktopState& QtDesktop::state() {
     return *state_;
 }
 
-QWidget* QtDesktop::active_widget() const {
+WindowWidget* QtDesktop::front_widget(bool (*wanted)(const WindowWidget&)) const {
     for (int index = 0; application_ != nullptr && index < application_->WindowCount(); ++index) {
         WindowWidget* widget = widget_of(application_->Window(index));
-        if (widget != nullptr && widget->isVisible() && !widget->is_notice()) {
+        if (widget != nullptr && widget->isVisible() && wanted(*widget)) {
             return widget;
         }
     }
     return nullptr;
+}
+
+QWidget* QtDesktop::active_widget() const {
+    return front_widget([](const WindowWidget& widget) { return !widget.is_notice(); });
+}
+
+OpenWindows QtDesktop::open_windows() const {
+    return {.active = active_widget(),
+            .document = front_widget([](const WindowWidget& widget) { return widget.is_document(); })};
+}
+
+void QtDesktop::keep_place(const WindowWidget& widget) {
+    if (widget.isVisible() && !widget.is_notice()) {
+        const QString place = text_of(widget.kept_place());
+        last_places_[widget.objectName()] = place;
+        state().set(place_key(widget), place);
+    }
+}
+
+void QtDesktop::keep_places() {
+    for (const auto& [window, widget] : widgets_) {
+        if (widget != nullptr) {
+            keep_place(*widget);
+        }
+    }
+}
+
+std::optional<KeptPlace> QtDesktop::last_place(const WindowWidget& widget) {
+    if (widget.is_notice()) {
+        return std::nullopt;
+    }
+    const auto known = last_places_.find(widget.objectName());
+    return kept_place(known != last_places_.end() ? known->second : state().value(place_key(widget)).toString());
+}
+
+void QtDesktop::show_documents() {
+    for (const auto& [window, widget] : widgets_) {
+        if (widget != nullptr && widget->is_document() && widget->model() != nullptr) {
+            widget->show_document(widget->model()->shown_document());
+        }
+    }
 }
 
 // A handler that waits for a device keeps the event loop waiting; windows that get uncovered meanwhile are painted.
@@ -303,6 +379,7 @@ void QtDesktop::repaint_uncovered() {
     if (application_ != nullptr && application_->busy()) {
         drop_input_so_far();
         put_waiting_on_screen();
+        handler_goes_on();
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
     }
 }

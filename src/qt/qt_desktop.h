@@ -8,6 +8,7 @@
 #include "platform/desktop.h"
 #include "qt/activation.h"
 #include "qt/desktop_state.h"
+#include "qt/look.h"
 #include "qt/printing.h"
 #include "qt/qt_clock.h"
 #include "qt/qt_serial.h"
@@ -16,7 +17,6 @@
 #include "qt/window_widget.h"
 
 #include <QApplication>
-#include <QByteArray>
 #include <QPointer>
 #include <map>
 #include <string>
@@ -67,18 +67,28 @@ public:
     void event_ended() override;
     void quit() override;
 
+    virtual QFont desktop_font() { return qt::desktop_font(); } // asked whenever a window is made
+
     WindowWidget* widget_of(const Window& window) const; // null when it was never shown
     DesktopState& state();                               // of the last starts; read when it is first asked for
 
 private:
+    WindowWidget* front_widget(bool (*wanted)(const WindowWidget&)) const; // of those to be seen; null for none
     QWidget* active_widget() const; // what dialogs belong to: the frontmost window to be seen
+    OpenWindows open_windows() const;
+    void follow_desktop_font();
     WindowWidget& make_widget(Window& window);
     WindowWidget& ready_widget(Window& window); // made where it was not, a notice in its place
     void put_on_screen(Window& window);
     FileRequest in_last_folder(FileRequest request);
     void put_waiting_on_screen();
     void repaint_uncovered();
+    void show_documents();
+    void keep_place(const WindowWidget& widget);
+    void keep_places(); // of all windows to be seen
+    std::optional<KeptPlace> last_place(const WindowWidget& widget);
 
+    std::optional<QFont> followed_font_; // the desktop's
     Activation activation_;
     QtClock clock_;
     QtSerialPorts serial_ports_;
@@ -89,9 +99,9 @@ private:
     std::unique_ptr<DesktopState> state_;
     std::vector<std::string> fonts_; // once they were asked for
     std::map<const Window*, QPointer<WindowWidget>> widgets_;
-    std::vector<Window*> waiting_;                  // shown by the running handler, which may hide them again
-    std::map<std::string, QByteArray> last_places_; // by the window's name, so that it opens again as it was
-    std::vector<QPointer<WindowWidget>> closed_;    // until the event loop has deleted them
+    std::vector<Window*> waiting_;               // shown by the running handler, which may hide them again
+    std::map<QString, QString> last_places_;     // by the window's name, so that it opens again as it was
+    std::vector<QPointer<WindowWidget>> closed_; // until the event loop has deleted them
     Application* application_ = nullptr;
     bool quit_asked_ = false;
 };

@@ -10,6 +10,11 @@ namespace {
 constexpr std::size_t most_palettes = 32; // the desktop may have changed its colours many times
 }
 
+int SharedPalettes::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                              QStyleHintReturn* returned) const {
+    return hint == SH_TitleBar_ModifyNotification ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
 void SharedPalettes::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                    const QWidget* widget) const {
     share_palette_of(option);

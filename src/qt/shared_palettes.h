@@ -2,6 +2,7 @@
 // The style of the desktop, which sees the same palette in all windows of the same colours. Qt's own style keeps what
 // it has painted under a name with the number of the palette, every widget of a window with colours of its own has a
 // new number, and no such name is ever forgotten: without this, each window that was open once would cost memory.
+// Besides, it leaves a title as it is when the document is changed.
 #pragma once
 
 #include <QProxyStyle>
@@ -13,6 +14,8 @@ class SharedPalettes : public QProxyStyle {
 public:
     using QProxyStyle::QProxyStyle;
 
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -2,6 +2,7 @@
 #include "qt/static_widgets.h"
 
 #include "qt/logo.h"
+#include "qt/look.h"
 #include "qt/widget_text.h"
 
 #include <QFrame>
@@ -63,7 +64,7 @@ ImageWellWidget::ImageWellWidget(ImageWell& well, QWidget& parent)
     : ControlWidget(well, *new QLabel(&parent)), well_(well), label_(static_cast<QLabel&>(widget())) {}
 
 void ImageWellWidget::show_values() {
-    const QSize size(design().place.width, design().place.height);
+    const QSize size = scaled(QSize(design().place.width, design().place.height), text_scale(label_));
     if (label_.pixmap().isNull() && well_.picture() == "logo") {
         label_.setPixmap(logo(size, qGuiApp->devicePixelRatio()));
     }

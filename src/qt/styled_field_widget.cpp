@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "qt/styled_field_widget.h"
 
+#include "qt/focus_frame.h"
+#include "qt/look.h"
 #include "qt/styled_document.h"
 
 #include <QTextCursor>
@@ -9,7 +11,7 @@
 namespace tessit::qt {
 
 StyledFieldWidget::StyledFieldWidget(EditField& field, QWidget& parent)
-    : FieldWidget(field, *new QTextEdit(&parent)), edit_(static_cast<QTextEdit&>(widget())) {
+    : FieldWidget(field, *new FocusFrame<QTextEdit>(&parent)), edit_(static_cast<QTextEdit&>(widget())) {
     edit_.setAcceptRichText(false);
     edit_.setTabChangesFocus(true);
     edit_.setReadOnly(field.own().read_only);
@@ -21,7 +23,7 @@ StyledFieldWidget::StyledFieldWidget(EditField& field, QWidget& parent)
 }
 
 void StyledFieldWidget::show_values() {
-    const QFont font = with_size(edit_.font(), field().TextSize());
+    const QFont font = with_size(edit_.font(), scaled(field().TextSize(), text_scale(edit_)));
     if (edit_.document()->defaultFont() != font) {
         edit_.document()->setDefaultFont(font);
     }

@@ -2,8 +2,8 @@
 #include "qt/window_widget.h"
 
 #include "platform/application.h"
-#include "platform/buttons.h"
 #include "qt/activation.h"
+#include "qt/button_widgets.h"
 #include "qt/control_factory.h"
 #include "qt/control_layout.h"
 #include "qt/file_drop.h"
@@ -13,11 +13,13 @@
 #include "qt/static_widgets.h"
 #include "qt/widget_text.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QWindow>
 #include <algorithm>
 
@@ -25,22 +27,27 @@ namespace tessit::qt {
 
 namespace {
 
+// The application's as it is now: a later one would not fit the places.
+QFont font_of_its_own() {
+    QFont font = QApplication::font();
+    font.setFamilies(font.families());
+    font.setPixelSize(font.pixelSize());
+    return font;
+}
+
 Qt::WindowFlags flags_of(WindowFrame frame) {
     return frame == WindowFrame::notice
                ? Qt::Tool | Qt::WindowTitleHint | Qt::WindowCloseButtonHint | Qt::CustomizeWindowHint
                : Qt::Window;
 }
 
-PushButton* button_for(const Window& window, const QKeyEvent& event) {
+bool is_escape(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Escape && event.modifiers() == Qt::NoModifier;
+}
+
+ButtonKey button_key(const QKeyEvent& event) {
     const bool enters = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    for (Control* control : window.controls()) {
-        auto* button = dynamic_cast<PushButton*>(control);
-        const ButtonKey key = button == nullptr ? ButtonKey::none : button->own().key;
-        if ((key == ButtonKey::enter && enters) || (key == ButtonKey::escape && event.key() == Qt::Key_Escape)) {
-            return button;
-        }
-    }
-    return nullptr;
+    return enters ? ButtonKey::enter : is_escape(event) ? ButtonKey::escape : ButtonKey::none;
 }
 
 } // namespace
@@ -50,8 +57,11 @@ WindowWidget::WindowWidget(Window& model, Activation& activation)
       frame_(model.design().frame), designed_size_(model.design().width, model.design().height),
       color_(model.design().color), scroll_(*new QScrollArea(this)), content_(*new QWidget) {
     setObjectName(to_widget(model.name()));
-    setWindowTitle(to_widget(model.Title()));
+    setWindowTitle(to_widget(model.Title()) + (is_document() ? QLatin1String("[*]") : QLatin1String()));
     setAttribute(Qt::WA_ShowWithoutActivating, is_notice());
+    setFont(font_of_its_own());
+    scale_ = text_scale(*this);
+    content_size_ = scaled(designed_size_, scale_);
     scroll_.setFrameShape(QFrame::NoFrame);
     scroll_.setFocusPolicy(Qt::NoFocus);
     scroll_.setWidget(&content_);
@@ -66,6 +76,7 @@ WindowWidget::WindowWidget(Window& model, Activation& activation)
     make_controls();
     set_tab_order();
     set_first_focus();
+    new QShortcut(QKeySequence::Close, this, [this] { close(); });
     if (model.design().has_menu_bar) {
         new FileDrop(*this);
     }
@@ -80,12 +91,12 @@ void WindowWidget::make_controls() {
     std::vector<Placed> placed;
     for (const auto& control : controls_) {
         const Place& place = control->design().place;
-        placed.push_back({.designed = QRect(place.left, place.top, place.width, place.height),
+        placed.push_back({.designed = scaled(QRect(place.left, place.top, place.width, place.height), scale_),
                           .needed = control->needed_size(),
                           .halves_to_the_left = control->halves_to_the_left(),
                           .is_frame = control->is_frame()});
     }
-    places_ = places_with_room(placed, designed_size_);
+    places_ = places_with_room(placed, content_size_);
     lay_out();
 }
 
@@ -94,7 +105,7 @@ void WindowWidget::set_tab_order() {
     for (const auto& control : controls_) {
         QWidget& widget = control->widget();
         if (!is_reachable(control->design().place, designed_size_)) {
-            widget.setFocusPolicy(Qt::NoFocus);
+            control->keep_out_of_sight();
         } else if (before != nullptr) {
             setTabOrder(before, &widget);
         }
@@ -124,26 +135,49 @@ void WindowWidget::set_colors() {
 }
 
 void WindowWidget::lay_out() {
-    const QSize size = scroll_.viewport()->size().expandedTo(designed_size_);
+    const QSize size = scroll_.viewport()->size().expandedTo(content_size_);
     content_.resize(size);
     for (std::size_t at = 0; at < places_.size(); ++at) {
         ControlWidget& control = *controls_[at];
-        control.widget().setGeometry(grown(places_[at], control.design().grow, size - designed_size_));
+        control.widget().setGeometry(grown(places_[at], control.design().grow, size - content_size_));
     }
 }
 
-void WindowWidget::place_on_screen(const QWidget* active) {
-    ensurePolished();
-    QSize size = designed_size_;
-    if (auto* bar = qobject_cast<QMenuBar*>(layout()->menuBar())) {
+QSize WindowWidget::natural_size() const {
+    QSize size = content_size_;
+    if (const auto* bar = qobject_cast<const QMenuBar*>(layout()->menuBar())) {
         size.setWidth(std::max(size.width(), bar->sizeHint().width()));
         size.rheight() += bar->sizeHint().height();
     }
-    setMinimumSize(std::min(240, size.width()), std::min(120, size.height()));
-    setGeometry(place_for_window(size, frame_, active));
+    return size;
+}
+
+void WindowWidget::place_on_screen(const OpenWindows& open) {
+    ensurePolished();
+    const QSize size = natural_size();
+    setMinimumSize(scaled(QSize(240, 120), scale_).boundedTo(size));
+    setGeometry(place_for_window(size, frame_, open));
     if (is_notice()) {
         setFixedSize(size);
-        keep_above(active);
+        keep_above(open.active);
+    }
+}
+
+void WindowWidget::place_on_screen_again(const KeptPlace& kept) {
+    setGeometry(place_again(kept, natural_size()));
+    if (kept.maximized) {
+        setWindowState(windowState() | Qt::WindowMaximized);
+    }
+}
+
+KeptPlace WindowWidget::kept_place() const {
+    return place_to_keep(*this, natural_size());
+}
+
+void WindowWidget::show_document(const ShownDocument& document) {
+    setWindowFilePath(to_widget(document.path));
+    if (isWindowModified() != document.modified) {
+        setWindowModified(document.modified);
     }
 }
 
@@ -197,11 +231,21 @@ bool WindowWidget::eventFilter(QObject*, QEvent* event) {
 }
 
 void WindowWidget::keyPressEvent(QKeyEvent* event) {
-    PushButton* button = model_ == nullptr ? nullptr : button_for(*model_, *event);
-    if (button == nullptr) {
+    if (model_ == nullptr) {
         return QMainWindow::keyPressEvent(event);
     }
-    button->click();
+    for (const auto& control : controls_) {
+        auto* button = dynamic_cast<PushButtonWidget*>(control.get());
+        if (button != nullptr && button->answers_to(button_key(*event))) {
+            return button->press();
+        }
+    }
+    if (event->matches(QKeySequence::HelpContents)) {
+        return model_->application().show_help_on(*model_);
+    }
+    if (is_escape(*event) && !model_->holds_work()) {
+        close();
+    }
 }
 
 void WindowWidget::tell_place() {

@@ -30,9 +30,10 @@ public:
                                .label = "Your Questions or Comments",
                                .grow = Grow::width},
                               {.multiline = true}};
-    PushButton ContactSubmitButton{*this,
-                                   {.name = "ContactSubmitButton", .place = {215, 306, 90, 28}, .enabled = false},
-                                   {.caption = "Submit", .on_action = [this] { ContactSubmitButton_Action(); }}};
+    PushButton ContactSubmitButton{
+        *this,
+        {.name = "ContactSubmitButton", .place = {215, 306, 90, 28}, .enabled = false},
+        {.caption = "Submit", .on_action = [this] { ContactSubmitButton_Action(); }, .key = ButtonKey::enter}};
 
     SMTPSecureSocket contactSocket{
         *this, {.name = "contactSocket", .on_send_complete = [this](bool) { contactSocket_SendComplete(); }}};

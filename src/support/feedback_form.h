@@ -35,9 +35,10 @@ public:
         {.name = "emailField", .place = {632, 503, 348, 26}, .label = "Your e-mail address", .grow = Grow::width},
         {.on_key_down = [this](const std::string&) { return emailField_KeyDown(); },
          .on_edit = [this] { emailField_Edit(); }}};
-    PushButton PushButton1{*this,
-                           {.name = "PushButton1", .place = {890, 540, 90, 28}, .enabled = false},
-                           {.caption = "Submit", .on_action = [this] { PushButton1_Action(); }}};
+    PushButton PushButton1{
+        *this,
+        {.name = "PushButton1", .place = {890, 540, 90, 28}, .enabled = false},
+        {.caption = "Submit", .on_action = [this] { PushButton1_Action(); }, .key = ButtonKey::enter}};
 
     SMTPSecureSocket feedbackSocket{
         *this, {.name = "feedbackSocket", .on_send_complete = [this](bool) { feedbackSocket_SendComplete(); }}};

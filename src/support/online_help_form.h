@@ -30,9 +30,10 @@ public:
                               .label = "Describe Your Problem / What were you doing when problem arose",
                               .grow = Grow::width},
                              {.multiline = true}};
-    PushButton PushButton1{*this,
-                           {.name = "PushButton1", .place = {215, 306, 90, 28}},
-                           {.caption = "Submit", .on_action = [this] { PushButton1_Action(); }}};
+    PushButton PushButton1{
+        *this,
+        {.name = "PushButton1", .place = {215, 306, 90, 28}},
+        {.caption = "Submit", .on_action = [this] { PushButton1_Action(); }, .key = ButtonKey::enter}};
 
     SMTPSecureSocket onlinehelpSocket{
         *this, {.name = "onlinehelpSocket", .on_send_complete = [this](bool) { onlinehelpSocket_SendComplete(); }}};

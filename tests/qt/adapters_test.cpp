@@ -79,6 +79,13 @@ TEST_F(Adapters, popup_menu_both_ways) {
     EXPECT_EQ(box.count(), 2);
     EXPECT_EQ(box.currentIndex(), window().menu.ListIndex());
     EXPECT_EQ(app.log, (Log{"menu 20", "menu "}));
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_Down);
+    QTest::keyClick(box.view(), Qt::Key_Down);
+    QTest::keyClick(box.view(), Qt::Key_Down);
+    EXPECT_EQ(app.log.size(), 2U) << "entries are passed";
+    QTest::keyClick(box.view(), Qt::Key_Return);
+    EXPECT_EQ(app.log.back(), "menu 40");
 }
 
 TEST_F(Adapters, combo_box_keeps_a_free_text_as_typed_and_makes_no_item) {

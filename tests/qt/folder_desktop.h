@@ -22,9 +22,11 @@ public:
     DialogAnswer show_dialog(const MessageDialog&) override { return DialogAnswer::action; }
     void show_fault(const FaultReport& report) override { faults.push_back(report); }
     const std::vector<std::string>& fonts() override { return font_names; }
+    QFont desktop_font() override { return font; }
 
     QTemporaryDir folder;
     QTemporaryDir installed;
+    QFont font = QtDesktop::desktop_font();
     std::vector<FaultReport> faults; // that the test has not taken away
     std::vector<std::string> font_names{"Arial", "Liberation Sans Narrow", "Noto Sans Mono CJK SC"};
 };

@@ -24,7 +24,7 @@ TEST(ColumnWidths, empty_places_share_what_is_left) {
         {"x,-5", {10, 10}, 60, {30, 30}},
     };
     for (const auto& [widths, needed, available, result] : cases) {
-        EXPECT_EQ(column_widths(widths, needed, available), result) << widths;
+        EXPECT_EQ(column_widths(widths, 1, needed, available), result) << widths;
     }
 }
 
@@ -126,9 +126,12 @@ void expect_no_overlap(const WindowWidget& window) {
     }
 }
 
-using EveryWindow = ProgramTest;
+class EveryWindow : public ProgramTest, public ::testing::WithParamInterface<int> {};
 
-TEST_F(EveryWindow, shows_its_texts_whole_and_apart) {
+INSTANTIATE_TEST_SUITE_P(PointsOfTheDesktop, EveryWindow, ::testing::Values(10, 14, 18));
+
+TEST_P(EveryWindow, shows_its_texts_whole_and_apart) {
+    desktop.font.setPointSize(GetParam());
     app.from_user("windows", [this] {
         app.serialselected = true; // keeps the load window from closing itself
 #define SHOW(window) app.window->Show();
@@ -140,9 +143,13 @@ TEST_F(EveryWindow, shows_its_texts_whole_and_apart) {
         app.load_direct_window->loadcompleted.SetVisible(true);
         editor.changelvlfield.SetVisible(true);
     });
+    EXPECT_TRUE(find<QLineEdit>(app.editwindow.get(), "EditField1").isHidden()) << "it lies off the content";
     const QImage change_field = find<QLineEdit>(app.editwindow.get(), "changelvlfield").grab().toImage();
     EXPECT_EQ(change_field.pixelColor(5, 8), QColor(Qt::red));
     EXPECT_GE(app.WindowCount(), 19);
+    const double scale = text_scale(*desktop.widget_of(app.editwindow.get()));
+    const std::map<int, int> text_sizes{{10, 12}, {14, 19}, {18, 24}};
+    EXPECT_EQ(scaled(12, scale), text_sizes.at(GetParam()));
     for (int index = 0; index < app.WindowCount(); ++index) {
         WindowWidget* shown = desktop.widget_of(app.Window(index));
         ASSERT_NE(shown, nullptr) << app.Window(index).name();
@@ -151,7 +158,8 @@ TEST_F(EveryWindow, shows_its_texts_whole_and_apart) {
         for (const auto& control : shown->controls()) {
             expect_text_to_fit(control->widget());
         }
-        if (shown->width() >= app.Window(index).design().width) { // else the screen is smaller than the window
+        if (shown->width() >=
+            scaled(app.Window(index).design().width, scale)) { // else the screen is smaller than the window
             EXPECT_EQ(qobject_cast<QScrollArea*>(shown->centralWidget())->verticalScrollBar()->maximum(), 0);
         }
     }

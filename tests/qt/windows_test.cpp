@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "dialog_driver.h"
+#include "editor/edit_window.h"
 #include "fixture.h"
+#include "folder_desktop.h"
 
 #include "qt/menu_bar.h"
 
@@ -11,7 +14,7 @@ namespace tessit::qt {
 
 namespace {
 
-class Windows : public SampleTest {
+class Windows : public SampleTest, protected DialogDriver {
 protected:
     QMenu& file_menu() { return find<QMenu>("FileMenu"); }
     QAction& entry(const char* name) {
@@ -25,6 +28,7 @@ protected:
 };
 
 TEST_F(Windows, menu_asks_anew_each_time_it_opens) {
+    EXPECT_TRUE(eventually([&] { return !entry("FileSave").isEnabled(); })) << "before a menu opens";
     const auto open = [&] { Q_EMIT file_menu().aboutToShow(); };
     open();
     EXPECT_TRUE(entry("FileOpen").isEnabled() && !entry("FileSave").isEnabled());
@@ -74,6 +78,62 @@ TEST_F(Windows, closing_is_the_programs_decision) {
     EXPECT_FALSE(app.window.exists());
     EXPECT_TRUE(eventually([&] { return shown == nullptr; }));
     EXPECT_EQ(app.log, (Log{"cancel close", "cancel close"}));
+}
+
+TEST_F(Windows, opens_as_it_was_at_the_last_start) {
+    const QString key = "windows/" + widget->objectName(); // both windows are of one class
+    desktop.state().set(key, "70 90 40 30 normal");
+    app.second->Show();
+    WindowWidget* second = desktop.widget_of(app.second.get());
+    EXPECT_EQ(second->geometry().topLeft(), QPoint(70, 90));
+    EXPECT_EQ(second->size(), widget->size() + QSize(40, 30));
+    second->setGeometry({{100, 120}, second->size()});
+    app.second.Close();
+    EXPECT_EQ(desktop.state().value(key).toString().toStdString(), "100 120 40 30 normal");
+}
+
+TEST(KeptPlaces, are_read_and_never_lead_off_the_screen) {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    for (const char* text : {"-9000 50 0 0 normal", "50 99999 -50 100000 maximized", "1 2 100000 0 normal"}) {
+        const auto kept = kept_place(text);
+        ASSERT_TRUE(kept) << text;
+        EXPECT_EQ(text_of(*kept), text);
+        EXPECT_TRUE(screen.contains(place_again(*kept, {300, 200}))) << text;
+    }
+    for (const char* text : {"", "1 2 3 4", "1 2 x 4 normal", "1 2 3 100001 normal", "1 2 3 4 5 normal"}) {
+        EXPECT_FALSE(kept_place(text)) << text;
+    }
+}
+
+TEST(Cascade, steps_behind_the_last_document_and_begins_anew_at_the_edge) {
+    QWidget last;
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    last.setGeometry(100, 120, 50, 50);
+    const OpenWindows open{.active = &last, .document = &last};
+    EXPECT_EQ(place_for_window({300, 200}, WindowFrame::document, open), QRect(128, 148, 300, 200));
+    const QRect anew = place_for_window({area.width() - 120, 200}, WindowFrame::document, open);
+    EXPECT_TRUE(anew.left() < 10 && anew.top() < 40);
+}
+
+using Documents = ProgramTest;
+
+TEST_F(Documents, are_told_to_the_window_system_and_leave_the_title) {
+    QFile two_levels(desktop.folder.filePath("a.zp2"));
+    ASSERT_TRUE(two_levels.open(QIODevice::WriteOnly));
+    two_levels.write(QByteArray::fromHex("001e96080003150700000124").repeated(2));
+    two_levels.close();
+    const FolderItem file(two_levels.fileName().toStdString());
+    const auto open = [&] {
+        app.choose_menu("FileOpen", file);
+        return widget(app.editwindow.get()).windowFilePath().toStdString();
+    };
+    EXPECT_EQ(open(), file.AbsolutePath());
+    const WindowWidget& editor = widget(app.editwindow.get());
+    EXPECT_TRUE(editor.isWindowModified());
+    EXPECT_EQ(editor.windowHandle()->title(), "Zephon Protocol Editor");
+    app.from_user("test", [this] { app.editchanged = false; });
+    EXPECT_FALSE(editor.isWindowModified());
+    EXPECT_EQ(open(), "") << "there are the levels of another file too";
 }
 
 TEST_F(Windows, opens_again_as_it_was_and_where_there_is_a_screen) {
@@ -189,7 +249,7 @@ TEST_F(Windows, notice_is_painted_while_the_handler_blocks) {
     });
 }
 
-TEST_F(Windows, long_wait_repaints_and_lets_no_input_in) {
+TEST_F(Windows, long_wait_repaints_shows_itself_and_lets_no_input_in) {
     struct Painted : QObject {
         int count = 0;
         bool eventFilter(QObject*, QEvent* event) override {
@@ -199,12 +259,25 @@ TEST_F(Windows, long_wait_repaints_and_lets_no_input_in) {
     } painted;
     auto& button = find<QPushButton>("button");
     button.installEventFilter(&painted);
-    app.from_user("transfer", [&] {
+    const auto is_busy = [&] {
+        const QCursor* cursor = QGuiApplication::overrideCursor();
+        return button.isDown() && cursor != nullptr && cursor->shape() == Qt::WaitCursor;
+    };
+    const auto is_idle = [&] { return !button.isDown() && QGuiApplication::overrideCursor() == nullptr; };
+    window().on_button = [&] {
         for (int wait = 0; wait < 60; ++wait) {
             button.update();
             app.wait(5'000);
         }
-    });
+        EXPECT_TRUE(is_busy());
+        when_shown<QMessageBox>([&](QMessageBox& box) {
+            EXPECT_TRUE(is_idle());
+            box.accept();
+        });
+        app.MsgBox("Go on?");
+    };
+    QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_TRUE(is_idle());
     EXPECT_GT(painted.count, 0);
     EXPECT_TRUE(app.log.empty());
 }

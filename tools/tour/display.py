@@ -10,6 +10,13 @@ from pathlib import Path
 from . import TourError, children
 
 SCREEN = "1280x1024x24"
+FONTS = """\
+<?xml version="1.0"?>
+<!DOCTYPE fontconfig SYSTEM "urn:fontconfig:fonts.dtd">
+<fontconfig>
+  <alias binding="same"><family>sans-serif</family><prefer><family>Liberation Sans</family></prefer></alias>
+</fontconfig>
+"""  # else the font of message boxes goes by what is installed
 LAYOUTS = "us,ru"  # else xdotool changes the keyboard for each foreign letter, quicker than programs notice
 NEEDED = ("Xvfb", "setxkbmap", "openbox", "dbus-daemon", "xdotool", "xwininfo", "import", "pdftotext", "pdftohtml",
           "pdftoppm", "pdfinfo")
@@ -32,6 +39,7 @@ def use_homes(folder):
     """Makes home and runtime folders in "folder", and nothing of the user's session reaches the program."""
     home = make_folder(folder / "home")
     runtime = make_folder(folder / "runtime")
+    (make_folder(home / ".config/fontconfig") / "fonts.conf").write_text(FONTS, encoding="utf-8")
     for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORMTHEME", "QT_STYLE_OVERRIDE", "QT_SCALE_FACTOR"):
         os.environ.pop(name, None)
     os.environ.update({

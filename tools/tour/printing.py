@@ -66,7 +66,7 @@ class Printing:
             self.desktop.fill(self.desktop.control(setup, "text", label), text)
         self.tour.picture("quality control", setup)
         self.print("reading", setup)
-        table = self.desktop.control(window, "table", "Bank")
+        table = self.desktop.control(window, "table", "Bank Listing")
         self.check_levels("reading", table, self.totals(window, "Total Frequencies", "Total Time"))
         self.check("reading", *QC_FIELDS.values(), self.desktop.control(window, "text", "Bank").text, FOOTER)
 

@@ -40,7 +40,7 @@ class Reading:
         self.tour.picture("read window", window)
         carry_out(self.tour, f"Reading bank {BANK}", self.read, self.read_again)
         window = self.desktop.window(READER)
-        table = self.desktop.control(window, "table", "Bank")
+        table = self.desktop.control(window, "table", "Bank Listing")
         self.tour.picture("bank read", window)
         self.tour.leave_table("readback.tsv", table)
         self.diary.tell(f"Read bank {BANK} back; readback.tsv holds the table as shown")
@@ -80,7 +80,7 @@ class Reading:
     def name_read(self):
         """The bank's name in the reading window once its table is full; it is set before the levels."""
         window = self.desktop.find_window(READER)
-        table = window.find("table", "Bank") if window else None
+        table = window.find("table", "Bank Listing") if window else None
         name = window.find("text", "Bank") if window else None
         return name.text if name and table and table.row_count() == FULL else ""
 
