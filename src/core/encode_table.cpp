@@ -10,20 +10,12 @@ namespace tessit {
 
 namespace {
 
-// The runtime's own words would tell the user nothing.
-Fault unencodable(const Fault& fault, int level, const LevelCells& cells) {
-    return Fault(fault.kind(),
-                 "Level " + Str(level) + " can't be turned into the generator's form. Its base frequency (\"" +
-                     cells[column::base] +
-                     "\") must be a number of 0.256 or more in at most nine characters, and its time (\"" +
-                     cells[column::time_each] + "\") needs a colon in the form MM:SS.");
-}
-
 EncodingResult encode(RegisterImage& image, int level, const LevelCells& cells, const EncodingRules& rules) {
     try {
         return encode_level(image, level, cells, rules);
     } catch (const Fault& fault) {
-        throw unencodable(fault, level, cells);
+        throw Fault(fault.kind(),
+                    "Level " + Str(level) + " can't be turned into the generator's form. " + fault.what());
     }
 }
 

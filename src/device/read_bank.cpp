@@ -24,7 +24,7 @@ void App::getdata() {
     line.Flush();
     line.ReadByte();
     if (receive_bank(desktop().clock(), line, *stream) == ReadingEnd::no_connection) {
-        ShowModal({.Message = "No Connection Found", .Explanation = in_use_text(line)});
+        ShowModal({.Message = "No Connection Found", .Explanation = in_use_text(line), .Icon = DialogIcon::caution});
         return stream->Close(); // the file stays behind, empty
     }
     stream->Close();

@@ -42,7 +42,7 @@ void App::sendzephon() {
     const LoadingResult result = load_bank(desktop().clock(), serial_line(), *this, bank);
     StaticText& completion = loadfile ? loadzephonWindow->zephonloadcomplete : load_direct_window->loadcompleted;
     if (const std::string failure = failure_message(*this, result, bank); !failure.empty()) {
-        ShowModal({.Message = failure, .Explanation = in_use_text(serial_line())});
+        ShowModal({.Message = failure, .Explanation = in_use_text(serial_line()), .Icon = DialogIcon::caution});
         completion.SetVisible(false);
         return popupwindow.Close();
     }

@@ -58,7 +58,9 @@ void SettingsWindow::Serial_box_Change() {
         app.portnum = port;
     }
     if (!line.Open()) {
-        app.ShowModal({.Message = "The Serial Port Could Not Be Opened", .Explanation = in_use_text(line)});
+        app.ShowModal({.Message = "The Serial Port Could Not Be Opened",
+                       .Explanation = in_use_text(line),
+                       .Icon = DialogIcon::caution});
         return;
     }
     set_up(line);

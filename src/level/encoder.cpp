@@ -3,6 +3,7 @@
 
 #include "level/number.h"
 #include "level/waves.h"
+#include "platform/fault.h"
 #include "platform/text.h"
 
 namespace tessit {
@@ -11,12 +12,19 @@ namespace {
 
 constexpr int last_slot = 8;
 
+[[noreturn]] void refuse(const std::string& reason) {
+    throw Fault(FaultKind::out_of_bounds, reason);
+}
+
 // Nine characters, the last of the text in slot 8.
 struct FrequencySlots {
     FixedArray<std::string, last_slot> slots;
 
     explicit FrequencySlots(const std::string& text) {
         const Array<std::string> typed = characters(text);
+        if (typed.upper_bound() > last_slot) {
+            refuse("Its base frequency has more than nine characters.");
+        }
         if (typed.count() <= 2) {
             slots[7] = "0"; // so that one digit becomes two; a second character overwrites it
         }
@@ -93,10 +101,13 @@ private:
     int position_;
 };
 
-void encode_word(RegisterImage& image, int level, std::int32_t word) {
+void encode_word(RegisterImage& image, int level, std::int32_t word, const std::string& base) {
     HexDigits digits(word);
     image.fbyte0[level] = digits.take_byte();
-    image.fbyte1[level] = digits.take_byte(); // no guard: a word below 256 has run out of digits here
+    if (digits.at_end()) { // a word below 256
+        refuse("Its base frequency (\"" + base + "\") must be a number of 0.256 to 999999.");
+    }
+    image.fbyte1[level] = digits.take_byte();
     image.fbyte2[level] = digits.at_end() ? std::uint8_t{0} : digits.take_byte();
 }
 
@@ -108,8 +119,14 @@ void encode_time(RegisterImage& image, int level, const std::string& text, TimeF
         return;
     }
     const Array<std::string> pieces = Split(text, ":");
-    image.timemin[level] = low_byte(truncate(read_number(pieces[0])));
-    image.timesec[level] = low_byte(truncate(read_number(pieces[1])));
+    const auto piece = [&](int index) {
+        if (index >= pieces.count()) {
+            refuse("Its time (\"" + text + "\") needs a colon in the form MM:SS.");
+        }
+        return low_byte(truncate(read_number(pieces[index])));
+    };
+    image.timemin[level] = piece(0);
+    image.timesec[level] = piece(1);
 }
 
 void encode_rate(RegisterImage& image, int level, const std::string& text, RateRule rule) {
@@ -206,7 +223,7 @@ EncodingResult encode_level(RegisterImage& image, int level, const LevelCells& c
     if (frequency.db3) {
         image.db3[level] = *frequency.db3;
     }
-    encode_word(image, level, frequency.word);
+    encode_word(image, level, frequency.word, base);
 
     encode_time(image, level, cell(cells, column::time_each), rules.time_form);
     image.dutycycle[level] = low_byte(truncate(read_number(cell(cells, column::duty_cycle)) / 10.0));

@@ -45,8 +45,8 @@ enum class EncodingResult { done, too_many_decimals };
 std::uint8_t encode_mode(const LevelCells& cells);
 
 // Encodes one row into the image. Stops at too many decimals with the mode byte written and nothing else. Faults
-// out_of_bounds: a Base text of more than nine characters, a word below 256, a clock time without its colon; what was
-// written before stays.
+// out_of_bounds: a Base text of more than nine characters, a word below 256, a clock time without its colon. They tell
+// the reason in a sentence about the level ("Its time ..."); what was written before stays.
 EncodingResult encode_level(RegisterImage& image, int level, const LevelCells& cells, const EncodingRules& rules);
 
 } // namespace tessit

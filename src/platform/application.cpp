@@ -47,19 +47,22 @@ DialogAnswer Application::ShowModal(const MessageDialog& dialog) {
 std::optional<FolderItem> Application::GetOpenFolderItem(const FileType& type) {
     auto chosen = chosen_ ? std::exchange(chosen_, std::nullopt)
                           : desktop_.choose_open_file({.type = type, .start_folder = FolderItem(last_folder_)});
-    if (chosen) {
-        last_folder_ = chosen->Parent().path();
-    }
+    note_chosen(chosen);
     return chosen;
 }
 
 std::optional<FolderItem> Application::GetSaveFolderItem(const FileType& type, const std::string& default_name) {
     auto chosen = desktop_.choose_save_file(
         {.type = type, .default_name = default_name, .start_folder = FolderItem(last_folder_)});
-    if (chosen) {
-        last_folder_ = chosen->Parent().path();
-    }
+    note_chosen(chosen);
     return chosen;
+}
+
+void Application::note_chosen(const std::optional<FolderItem>& file) {
+    if (file) {
+        last_folder_ = file->Parent().path();
+        desktop_.file_chosen(*file);
+    }
 }
 
 FolderItem Application::GetFolderItem(const std::string& name) const {

@@ -61,12 +61,14 @@ public:
     tessit::Window* front_window() const;
     bool in_front(const tessit::Window& window) const { return active_ == &window; }
 
-    void MsgBox(const std::string& message, DialogIcon icon = DialogIcon::note);
+    void MsgBox(const std::string& message, DialogIcon icon = DialogIcon::caution); // most of them tell of a failure
     DialogAnswer ShowModal(const MessageDialog& dialog);
     std::optional<FolderItem> GetOpenFolderItem(const FileType& type); // none: dismissed
     std::optional<FolderItem> GetSaveFolderItem(const FileType& type, const std::string& default_name);
     FolderItem GetFolderItem(const std::string& name) const; // in the program's folder; itself for an empty name
-    std::unique_ptr<Graphics> OpenPrinterDialog() { return desktop_.choose_printer(); } // null: dismissed
+    std::unique_ptr<Graphics> OpenPrinterDialog(const std::string& document) { // null: dismissed
+        return desktop_.choose_printer_for(document);
+    }
     int FontCount() const { return static_cast<int>(desktop_.fonts().size()); }
     const std::string& Font(int index) const; // Fault out_of_bounds beyond the list
     Date current_date() const { return desktop_.current_date(); }
@@ -135,6 +137,7 @@ private:
     void ask_rules_of(tessit::Window& window);
     void end_outermost_event();
     bool handled_in_front(std::string_view entry);
+    void note_chosen(const std::optional<FolderItem>& file);
     void report(const Fault& fault);
     bool nothing_to_be_seen() const;
     std::vector<OpenWindow>::iterator find(const tessit::Window& window);

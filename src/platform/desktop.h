@@ -38,6 +38,9 @@ public:
     virtual std::optional<FolderItem> choose_open_file(const FileRequest& request) = 0;
     virtual std::optional<FolderItem> choose_save_file(const FileRequest& request) = 0;
     virtual std::unique_ptr<Graphics> choose_printer() = 0; // null: dismissed
+    // The same, for a page that is known by a name; a desktop shows it where the user may look for it.
+    virtual std::unique_ptr<Graphics> choose_printer_for(const std::string&) { return choose_printer(); }
+    virtual void file_chosen(const FolderItem&) {} // to be opened or saved, by a dialog or without one
     virtual void show_fault(const FaultReport& report) = 0;
     virtual void Beep() = 0;
     virtual Date current_date() = 0;

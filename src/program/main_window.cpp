@@ -71,7 +71,7 @@ std::string MainWindow::read_settings_file() {
 void MainWindow::take_settings(const std::string& text) {
     const Array<std::string> fields = Split(text, ";");
     if (fields.count() == 0) {
-        app.MsgBox("No configuration file found");
+        app.MsgBox("No configuration file found", DialogIcon::note); // as it is at the first start
     }
     for (const std::string& field : fields) {
         const Array<std::string> items = Split(field, ",");

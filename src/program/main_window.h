@@ -25,12 +25,18 @@ public:
         SMTSecureSocket1.Secure = true;
     }
 
-    ImageWell ImageWell1{*this, {.name = "ImageWell1", .place = {237, 20, 100, 76}, .label = "Tessit Control"}, "logo"};
+    static constexpr auto where_to_begin = "To begin, choose Create New File in the menu File and type a frequency, "
+                                           "or choose Open and a protocol.";
+
+    ImageWell ImageWell1{
+        *this,
+        {.name = "ImageWell1", .place = {237, 20, 100, 76}, .label = "Tessit Control", .help_tag = where_to_begin},
+        "logo"};
     StaticText StaticText2{*this,
-                           {.name = "StaticText2", .place = {20, 104, 534, 44}},
+                           {.name = "StaticText2", .place = {20, 104, 534, 44}, .help_tag = where_to_begin},
                            {.text = "Zephon Tessit", .align = Align::center, .text_size = 30, .bold = true}};
     StaticText StaticText3{*this,
-                           {.name = "StaticText3", .place = {20, 152, 534, 22}},
+                           {.name = "StaticText3", .place = {20, 152, 534, 22}, .help_tag = where_to_begin},
                            {.text = "Protocols for the Zephon II frequency generator", .align = Align::center}};
     StaticText versiontext{*this, {.name = "versiontext", .place = {20, 180, 534, 22}}, {.align = Align::center}};
     EditField StatusField{*this,
@@ -42,8 +48,8 @@ public:
     // Nothing connects these two.
     TCPSocket TCPSocket1{*this,
                          {.name = "TCPSocket1",
-                          .on_connected = [this] { app.MsgBox("secure Socket connected"); },
-                          .on_data_available = [this] { app.MsgBox("data available"); },
+                          .on_connected = [this] { app.MsgBox("secure Socket connected", DialogIcon::note); },
+                          .on_data_available = [this] { app.MsgBox("data available", DialogIcon::note); },
                           .on_send_complete = [this](bool) { TCPSocket1_SendComplete(); },
                           .on_error = [this] { app.MsgBox("error sending e-mail"); }}};
     SMTPSecureSocket SMTSecureSocket1{*this, {.name = "SMTSecureSocket1"}};

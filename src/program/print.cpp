@@ -88,6 +88,15 @@ Page report_page(App& app, DocumentWindow& document, Graphics& graphics) {
                      block_text(app.pgsetupwindow->footerfield));
 }
 
+// What the user knows the page by: a protocol's name without the ending of its file, or the window's title.
+std::string name_of_page(DocumentWindow& document) {
+    const std::filesystem::path typed = document.name_field().Text();
+    const std::string name =
+        (typed.is_absolute() ? typed.filename() : typed).string(); // the whole path after some saves
+    const bool has_ending = name.ends_with(".zp2") || name.ends_with(".csv");
+    return name.empty() ? document.Title() : name.substr(0, name.size() - (has_ending ? 4 : 0));
+}
+
 } // namespace
 
 void App::Print() {
@@ -95,7 +104,7 @@ void App::Print() {
     if (document == nullptr) {
         return;
     }
-    if (const auto graphics = OpenPrinterDialog()) {
+    if (const auto graphics = OpenPrinterDialog(name_of_page(*document))) {
         graphics->print(report_page(*this, *document, *graphics));
     }
 }

@@ -14,7 +14,7 @@ class DesktopState {
 public:
     explicit DesktopState(const std::filesystem::path& folder); // made when something is set; empty: nothing is kept
 
-    QVariant value(const QString& key) const; // invalid where none is kept
+    QVariant value(const QString& key) const;            // invalid where none is kept
     void set(const QString& key, const QVariant& value); // on the disk when the event loop runs again
 
 private:

@@ -2,8 +2,11 @@
 #include "qt/dialogs.h"
 
 #include "qt/earlier_input.h"
+#include "qt/menu_bar.h"
 #include "qt/widget_text.h"
 
+#include <QApplication>
+#include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -30,13 +33,38 @@ QMessageBox::Icon icon_of(DialogIcon icon) {
     }
 }
 
-QPushButton* add_button(QMessageBox& box, const DialogButton& button, QMessageBox::ButtonRole role, const char* name) {
-    if (!button.Visible) {
-        return nullptr;
+struct DesignedButton {
+    const DialogButton& design;
+    QMessageBox::ButtonRole role;
+    const char* name;
+};
+
+// Null for those that are not to be seen.
+std::vector<QPushButton*> add_buttons(QMessageBox& box, std::initializer_list<DesignedButton> buttons) {
+    std::vector<std::string> captions;
+    for (const DesignedButton& button : buttons) {
+        captions.push_back(button.design.Visible ? button.design.Caption : std::string());
     }
-    QPushButton* added = box.addButton(to_caption(button.Caption), role);
-    added->setObjectName(QLatin1String(name));
+    const std::vector<QString> marked = with_mnemonics(captions);
+    std::vector<QPushButton*> added;
+    for (const DesignedButton& button : buttons) {
+        added.push_back(button.design.Visible ? box.addButton(marked[added.size()], button.role) : nullptr);
+        if (added.back() != nullptr) {
+            added.back()->setObjectName(QLatin1String(button.name));
+        }
+    }
     return added;
+}
+
+// The box leaves room for its title alone, and the window manager's icon and buttons stand beside it.
+void set_title(QMessageBox& box) {
+    constexpr int room_beside = 12; // in heights of a line
+    box.setWindowTitle(QLatin1String(program_title));
+    const QFontMetrics metrics(QApplication::font("QMdiSubWindowTitleBar"));
+    const int width = metrics.horizontalAdvance(box.windowTitle()) + room_beside * metrics.height();
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
+        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+    }
 }
 
 void set_texts(QMessageBox& box, const std::string& message, const std::string& explanation) {
@@ -53,13 +81,16 @@ void set_texts(QMessageBox& box, const std::string& message, const std::string& 
 DialogAnswer show_dialog(QWidget* parent, const MessageDialog& dialog) {
     QMessageBox box(parent);
     box.setObjectName(QStringLiteral("message_dialog"));
-    box.setWindowTitle(QLatin1String(program_title));
     box.setIcon(icon_of(dialog.Icon));
     set_texts(box, dialog.Message, dialog.Explanation);
-    QPushButton* action = add_button(box, dialog.ActionButton, QMessageBox::AcceptRole, "ActionButton");
-    QPushButton* cancel = add_button(box, dialog.CancelButton, QMessageBox::RejectRole, "CancelButton");
-    QPushButton* alternate =
-        add_button(box, dialog.AlternateActionButton, QMessageBox::DestructiveRole, "AlternateActionButton");
+    const auto buttons =
+        add_buttons(box, {{dialog.ActionButton, QMessageBox::AcceptRole, "ActionButton"},
+                          {dialog.CancelButton, QMessageBox::RejectRole, "CancelButton"},
+                          {dialog.AlternateActionButton, QMessageBox::DestructiveRole, "AlternateActionButton"}});
+    QPushButton* const action = buttons[0];
+    QPushButton* const cancel = buttons[1];
+    const QPushButton* const alternate = buttons[2];
+    set_title(box);
     if (action != nullptr) {
         box.setDefaultButton(action);
     }
@@ -79,12 +110,14 @@ DialogAnswer show_dialog(QWidget* parent, const MessageDialog& dialog) {
 void show_fault(QWidget* parent, const FaultReport& report) {
     QMessageBox box(parent);
     box.setObjectName(QStringLiteral("fault_report"));
-    box.setWindowTitle(QLatin1String(program_title));
     box.setIcon(QMessageBox::Critical);
-    const std::string place = report.handler.empty() ? "" : "\rIn: " + report.handler;
-    set_texts(box, "The command could not be finished.",
-              report.what + place + "\r\rOpen documents are kept as they are.");
-    box.addButton(QMessageBox::Ok);
+    set_texts(box, "The command could not be finished.", report.what + "\r\rOpen documents are kept as they are.");
+    const DialogButton ok{"OK", true};
+    box.setDefaultButton(add_buttons(box, {{ok, QMessageBox::AcceptRole, "ActionButton"}}).front());
+    if (!report.handler.empty()) {
+        box.setDetailedText(QStringLiteral("In: ") + to_widget(report.handler));
+    }
+    set_title(box);
     ++shown;
     drop_input_so_far();
     box.exec();

@@ -8,11 +8,17 @@
 #include "qt/widget_text.h"
 
 #include <QDialogButtonBox>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
+#include <QScreen>
+#include <QSplitter>
+#include <QTreeView>
 
 namespace tessit::qt {
 
@@ -21,6 +27,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr qsizetype longest_name = 255; // in bytes
+constexpr qint64 quickest_user = 300;   // in milliseconds
 
 fs::path to_path(const QString& file) {
     return QFile::encodeName(file).toStdString();
@@ -30,31 +37,45 @@ QString from_path(const fs::path& path) {
     return QFile::decodeName(path.c_str());
 }
 
+enum class Whose { desktops_own, qts_own };
+
 class FileDialog : public QFileDialog {
 public:
-    FileDialog(QWidget* parent, const QString& title, const FileRequest& request)
+    FileDialog(QWidget* parent, const QString& title, const FileRequest& request, Whose whose)
         : QFileDialog(parent, title), extension_(to_widget(request.type.Extensions)) {
         setFont(desktop_font());
-        setOption(DontUseNativeDialog); // alike everywhere, and its rules are known
+        setOption(DontUseNativeDialog, whose == Whose::qts_own);
+        setSupportedSchemes({QStringLiteral("file")});
         setDirectory(from_path(request.start_folder.path()));
         setNameFilter(to_widget(request.type.Name) + QLatin1String(" (*") + extension_ + QLatin1Char(')'));
-        // Qt takes the button away from names that it thinks are none, without a word on the reason.
-        QObject::connect(&name_edit(), &QLineEdit::textChanged, this, [this](const QString& text) {
-            if (!text.isEmpty()) {
-                accept_button().setEnabled(true);
-            }
-        });
+        if (!is_native()) {
+            leave_button_enabled();
+            widen_columns();
+        }
     }
 
     std::optional<FolderItem> ask() {
-        count_dialog();
-        if (exec() != QDialog::Accepted || selectedFiles().isEmpty()) {
-            return std::nullopt;
+        for (;;) {
+            count_dialog();
+            since_begin_.start();
+            if (exec() != QDialog::Accepted || selectedFiles().isEmpty()) {
+                return std::nullopt;
+            }
+            if (const auto file = is_native() ? settled(selected()) : selected()) {
+                return FolderItem(to_path(*file));
+            }
         }
-        return FolderItem(to_path(selected()));
     }
 
+    // A portal that does not answer ends the dialog before anybody can have seen it.
+    bool came_up() const { return !is_native() || since_begin_.hasExpired(quickest_user); }
+
 protected:
+    // Qt makes its own parts where the desktop has no dialog, and none where it has one.
+    bool is_native() const { return findChild<QLineEdit*>(QStringLiteral("fileNameEdit")) == nullptr; }
+    // What is meant by the answer of the desktop's own dialog, which knows none of the rules here; none: ask again.
+    virtual std::optional<QString> settled(const QString& file) = 0;
+
     QString selected() const { return selectedFiles().value(0); }
     QString with_extension(const QString& file) const {
         return file.endsWith(extension_, Qt::CaseInsensitive) ? file : file + extension_;
@@ -68,6 +89,36 @@ protected:
     }
 
 private:
+    // Qt takes the button away from names that it thinks are none, without a word on the reason.
+    void leave_button_enabled() {
+        QObject::connect(&name_edit(), &QLineEdit::textChanged, this, [this](const QString& text) {
+            if (!text.isEmpty()) {
+                accept_button().setEnabled(true);
+            }
+        });
+    }
+
+    // So that names, sizes and dates can be read; wider ones that the user has made stay. On a small screen the names
+    // give way.
+    void widen_columns() {
+        QHeaderView& header = *findChild<QTreeView*>(QStringLiteral("treeView"))->header();
+        const QFontMetrics metrics(font());
+        const auto widen = [&](int column, const QString& widest, int most) {
+            const int wanted = metrics.horizontalAdvance(widest) + 2 * metrics.averageCharWidth() + 12;
+            header.resizeSection(column, std::min(std::max(wanted, header.sectionSize(column)), most));
+            return header.sectionSize(column);
+        };
+        const QDateTime long_date(QDate(2028, 12, 28), QTime(22, 58, 58));
+        const QSize room = screen()->availableSize() - QSize(2, 3) * metrics.height(); // within the frame
+        const int places = metrics.horizontalAdvance(QString(16, QLatin1Char('n')));
+        const int beside_names = places + 60 + widen(1, QStringLiteral("1023.99 MiB"), room.width()) +
+                                 widen(2, QString(11, QLatin1Char('n')), room.width()) +
+                                 widen(3, QLocale().toString(long_date, QLocale::ShortFormat), room.width());
+        const int names = widen(0, QString(38, QLatin1Char('n')), std::max(90, room.width() - beside_names));
+        findChild<QSplitter*>(QStringLiteral("splitter"))->setSizes({places, beside_names - places + names});
+        resize(QSize(beside_names + names, 30 * metrics.height()).expandedTo(size()).boundedTo(room));
+    }
+
     QLineEdit& name_edit() { return *findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); }
     QPushButton& accept_button() {
         const auto* box = findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
@@ -75,28 +126,37 @@ private:
     }
 
     const QString extension_;
+    QElapsedTimer since_begin_;
 };
 
 class OpenDialog : public FileDialog {
 public:
-    OpenDialog(QWidget* parent, const FileRequest& request) : FileDialog(parent, tr("Open"), request) {
+    OpenDialog(QWidget* parent, const FileRequest& request, Whose whose)
+        : FileDialog(parent, tr("Open"), request, whose) {
         setObjectName(QStringLiteral("open_dialog"));
         setFileMode(ExistingFile);
     }
 
 protected:
     void accept() override {
-        const QString file = with_extension(selected());
-        if (!QFileInfo::exists(selected()) && QFileInfo::exists(file)) {
-            select_instead(file);
+        if (!is_native()) {
+            select_instead(meant(selected()));
         }
         QFileDialog::accept();
+    }
+    std::optional<QString> settled(const QString& file) override { return meant(file); }
+
+private:
+    QString meant(const QString& file) const {
+        const QString with = with_extension(file);
+        return !QFileInfo::exists(file) && QFileInfo::exists(with) ? with : file;
     }
 };
 
 class SaveDialog : public FileDialog {
 public:
-    SaveDialog(QWidget* parent, const FileRequest& request) : FileDialog(parent, tr("Save"), request) {
+    SaveDialog(QWidget* parent, const FileRequest& request, Whose whose)
+        : FileDialog(parent, tr("Save"), request, whose) {
         setObjectName(QStringLiteral("save_dialog"));
         setAcceptMode(AcceptSave);
         setFileMode(AnyFile);
@@ -105,7 +165,7 @@ public:
 
 protected:
     void accept() override {
-        if (QFileInfo(selected()).isDir()) {
+        if (is_native() || QFileInfo(selected()).isDir()) {
             return QFileDialog::accept(); // goes into it
         }
         const QString file = with_extension(selected());
@@ -114,8 +174,26 @@ protected:
             QFileDialog::accept(); // asks before it replaces a file
         }
     }
+    std::optional<QString> settled(const QString& chosen) override {
+        const QString file = with_extension(chosen);
+        const bool asked = file == chosen; // by the dialog
+        if (can_be_created(file) && (asked || may_replace(file))) {
+            return file;
+        }
+        selectFile(file);
+        return std::nullopt;
+    }
 
 private:
+    bool may_replace(const QString& file) {
+        return !QFileInfo::exists(file) ||
+               show_dialog(this, {.Message = to_model(QFileInfo(file).fileName()) + " already exists.",
+                                  .Explanation = "Do you want to replace it?",
+                                  .Icon = DialogIcon::caution,
+                                  .ActionButton = {"Replace", true},
+                                  .CancelButton = {"Cancel", true}}) == DialogAnswer::action;
+    }
+
     // What is made of a saved file goes beside it; every other name is a bare one.
     void propose(const FileRequest& request) {
         const std::string& name = request.default_name;
@@ -142,6 +220,19 @@ private:
     }
 };
 
+template <class Dialog> std::optional<FolderItem> ask(QWidget* parent, const FileRequest& request) {
+    static bool desktop_has_one = true;
+    if (desktop_has_one) {
+        Dialog dialog(parent, request, Whose::desktops_own);
+        const auto answer = dialog.ask();
+        desktop_has_one = answer || dialog.came_up();
+        if (desktop_has_one) {
+            return answer;
+        }
+    }
+    return Dialog(parent, request, Whose::qts_own).ask();
+}
+
 QString cut_to(const QString& text, qsizetype most_bytes) {
     const QByteArray bytes = text.toUtf8();
     if (bytes.size() <= most_bytes) {
@@ -156,11 +247,11 @@ QString cut_to(const QString& text, qsizetype most_bytes) {
 } // namespace
 
 std::optional<FolderItem> choose_open_file(QWidget* parent, const FileRequest& request) {
-    return OpenDialog(parent, request).ask();
+    return ask<OpenDialog>(parent, request);
 }
 
 std::optional<FolderItem> choose_save_file(QWidget* parent, const FileRequest& request) {
-    return SaveDialog(parent, request).ask();
+    return ask<SaveDialog>(parent, request);
 }
 
 QString proposed_name(const std::string& name, const std::string& extension) {

@@ -44,8 +44,13 @@ void FindBar::shut() {
     on_shut();
 }
 
-void FindBar::tell(bool found) {
-    result_.setText(found || edit_.text().isEmpty() ? QString() : QStringLiteral("Not found"));
+void FindBar::tell(const FoundPlace& place) {
+    result_.setText(place.count == 0 ? QStringLiteral("Not found")
+                                     : QStringLiteral("%1 of %2").arg(place.number).arg(place.count));
+}
+
+void FindBar::tell_nothing() {
+    result_.clear();
 }
 
 void FindBar::keyPressEvent(QKeyEvent* event) {

@@ -9,6 +9,12 @@
 
 namespace tessit::qt {
 
+// Which of the places where a text stands is shown, counted from 1 in the document's order. 0 of 0: it stands nowhere.
+struct FoundPlace {
+    int number = 0;
+    int count = 0;
+};
+
 class FindBar : public QWidget {
 public:
     explicit FindBar(QWidget& parent);
@@ -16,7 +22,8 @@ public:
     void open(); // shown, with the focus, its old text selected
     void shut();
     QString text() const { return edit_.text(); }
-    void tell(bool found);
+    void tell(const FoundPlace& place);
+    void tell_nothing();
 
     std::function<void()> on_typed{};
     std::function<void(bool backward)> on_find{};

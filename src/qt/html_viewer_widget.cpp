@@ -66,6 +66,7 @@ HTMLViewerWidget::HTMLViewerWidget(HTMLViewer& viewer, QWidget& parent)
     connect(&html_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { follow(link); });
     connect(&html_, &QTextBrowser::historyChanged, this, [this] { refresh_buttons(); });
     pdf_.on_scrolled = [this] { refresh_buttons(); };
+    pdf_.on_counted = [this](const FoundPlace& place) { find_bar_.tell(place); };
     find_bar_.on_typed = [this] { find(false, true); };
     find_bar_.on_find = [this](bool backward) { find(backward, false); };
     find_bar_.on_shut = [this] { end_find(); };
@@ -139,7 +140,7 @@ void HTMLViewerWidget::show_values() {
     }
     loads_shown_ = viewer_.loads();
     tell("");
-    find_bar_.tell(true); // what it told was about the document before
+    find_bar_.tell_nothing(); // what it told was about the document before
     html_behind_ = false;
     if (!viewer_.page()) {
         return show_missing();
@@ -269,7 +270,11 @@ void HTMLViewerWidget::find(bool backward, bool from_present_place) {
         return find_bar_.open();
     }
     if (shows_pdf()) {
-        return find_bar_.tell(pdf_.find(text, backward, from_present_place));
+        find_bar_.tell_nothing();
+        if (!pdf_.find(text, backward, from_present_place)) {
+            find_bar_.tell({});
+        }
+        return;
     }
     const QTextDocument::FindFlags flags = backward ? QTextDocument::FindBackward : QTextDocument::FindFlags();
     if (from_present_place) {
@@ -286,11 +291,21 @@ void HTMLViewerWidget::find(bool backward, bool from_present_place) {
             html_.setTextCursor(before);
         }
     }
-    find_bar_.tell(found);
+    find_bar_.tell(found ? place_in_html(text) : FoundPlace());
+}
+
+FoundPlace HTMLViewerWidget::place_in_html(const QString& text) const {
+    FoundPlace place;
+    const int shown = html_.textCursor().selectionStart();
+    for (QTextCursor at = html_.document()->find(text); !at.isNull(); at = html_.document()->find(text, at)) {
+        place.number += at.selectionStart() <= shown ? 1 : 0;
+        ++place.count;
+    }
+    return place;
 }
 
 void HTMLViewerWidget::end_find() {
-    find_bar_.tell(true);
+    find_bar_.tell_nothing();
     pdf_.clear_find();
     if (!find_bar_.isVisible()) {
         pages_.currentWidget()->setFocus(Qt::OtherFocusReason);

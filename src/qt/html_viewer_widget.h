@@ -39,6 +39,7 @@ private:
     void go_back();
     void go_forward();
     void find(bool backward, bool from_present_place);
+    FoundPlace place_in_html(const QString& text) const; // of the selected one
     void end_find();
     void shut_something(); // the find bar, what was told, or else the window
     void zoom(int steps);  // 0: as it was at first

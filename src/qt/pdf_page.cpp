@@ -23,6 +23,8 @@ PdfPage::PdfPage(QWidget& parent) : QPdfView(&parent) {
     search_.setDocument(&document_);
     setFocusPolicy(Qt::StrongFocus);
     verticalScrollBar()->setSingleStep(40);
+    counting_.setSingleShot(true);
+    connect(&counting_, &QTimer::timeout, this, [this] { count_places(); });
 }
 
 // The document goes before the view does, and tells the view of its closing.
@@ -43,6 +45,7 @@ bool PdfPage::open(const QString& path) {
 
 void PdfPage::close() {
     clear_find();
+    search_.setSearchString({}); // what it found was the old document's
     selections_.clear();
     press_.reset();
     document_.close();
@@ -135,7 +138,11 @@ void PdfPage::go_to(const PdfHeading& heading) {
 }
 
 bool PdfPage::find(const QString& text, bool backward, bool from_present_place) {
-    search_.setSearchString(text);
+    counting_.stop();
+    if (search_.searchString() != text) {
+        search_.setSearchString(text);
+        pages_counted_ = 0;
+    }
     const int pages = document_.pageCount();
     if (text.isEmpty() || pages == 0) {
         clear_find();
@@ -153,6 +160,7 @@ bool PdfPage::find(const QString& text, bool backward, bool from_present_place) 
         if (index >= 0 && index < places.size()) {
             found_index_ = index;
             show_place(places[index]);
+            count_places();
             return true;
         }
     }
@@ -160,7 +168,31 @@ bool PdfPage::find(const QString& text, bool backward, bool from_present_place) 
     return false;
 }
 
+void PdfPage::count_places() {
+    if (pages_counted_ < document_.pageCount()) {
+        search_.resultsOnPage(pages_counted_);
+        ++pages_counted_;
+        return counting_.start();
+    }
+    counting_.stop();
+    if (on_counted) {
+        on_counted(found_place());
+    }
+}
+
+FoundPlace PdfPage::found_place() {
+    FoundPlace place;
+    for (int page = 0; page < document_.pageCount(); ++page) {
+        if (page == found_->page()) {
+            place.number = place.count + found_index_ + 1;
+        }
+        place.count += static_cast<int>(search_.resultsOnPage(page).size());
+    }
+    return place;
+}
+
 void PdfPage::clear_find() {
+    counting_.stop();
     found_.reset();
     found_index_ = 0;
     viewport()->update();

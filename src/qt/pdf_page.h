@@ -3,11 +3,14 @@
 // pages only and keeps to itself where they lie, so that is computed here by the same rules.
 #pragma once
 
+#include "qt/find_bar.h"
+
 #include <QPdfDocument>
 #include <QPdfLink>
 #include <QPdfSearchModel>
 #include <QPdfSelection>
 #include <QPdfView>
+#include <QTimer>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -34,7 +37,8 @@ public:
     std::vector<PdfHeading> headings() const; // in the document's order; none where it lists none
     void go_to(const PdfHeading& heading);    // to the upper edge
 
-    // Goes to the next place, or to the present one again while it still fits; around the end. False: nowhere.
+    // Goes to the next place, or to the present one again while it still fits; around the end. False: nowhere. Which of
+    // how many it is is told when the last page has been searched, which takes its time.
     bool find(const QString& text, bool backward, bool from_present_place);
     void clear_find();
     void copy();
@@ -42,6 +46,7 @@ public:
     void zoom(int steps); // each a fifth; 0 fits the width again
 
     std::function<void()> on_scrolled{};
+    std::function<void(const FoundPlace&)> on_counted{};
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -66,12 +71,16 @@ private:
     QRectF on_screen(int page, const QRectF& in_points) const;
     std::optional<Spot> spot_at(const QPoint& in_viewport) const;
     void show_place(const QPdfLink& place);
+    void count_places(); // on one page more
+    FoundPlace found_place();
     void select(std::vector<Selection> selections);
 
     QPdfDocument document_;
     QPdfSearchModel search_;
     std::optional<QPdfLink> found_;
-    int found_index_ = 0; // on its page
+    int found_index_ = 0;   // on its page
+    int pages_counted_ = 0; // with the text that is looked for
+    QTimer counting_;
     std::optional<Spot> press_;
     std::vector<Selection> selections_;
 };

@@ -4,12 +4,14 @@
 #include "platform/fault.h"
 #include "platform/file_replacement.h"
 #include "qt/dialogs.h"
+#include "qt/file_dialogs.h"
 #include "qt/look.h"
 #include "qt/page_painter.h"
 
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QPageLayout>
 #include <QPdfWriter>
@@ -22,7 +24,7 @@ namespace {
 
 constexpr int dots_per_inch = 72;
 constexpr auto program_name = "Tessit Control";
-constexpr auto document_name = "Zephon Report";
+constexpr auto nameless_document = "Zephon Report";
 
 [[noreturn]] void fail(const std::string& what) {
     throw Fault(FaultKind::write_failed, what);
@@ -59,7 +61,7 @@ public:
         bytes_.open(QIODevice::WriteOnly);
         writer_.setPageLayout(printer.pageLayout());
         writer_.setResolution(dots_per_inch);
-        writer_.setTitle(QLatin1String(document_name));
+        writer_.setTitle(printer.docName());
         writer_.setCreator(QLatin1String(program_name));
     }
 
@@ -97,10 +99,10 @@ void leave_out_page_options(QPrintDialog& dialog) {
 }
 
 // The dialog proposes a file's name on some window systems and in some versions of Qt, elsewhere its folder alone.
-void propose_file_name(QPrintDialog& dialog) {
-    auto* file = dialog.findChild<QLineEdit*>(QStringLiteral("filename"));
-    if (file != nullptr && dialog.printer()->outputFileName().isEmpty()) {
-        file->setText(QDir::homePath() + QLatin1Char('/') + QLatin1String(document_name) + QLatin1String(".pdf"));
+void propose_file(QPrintDialog& dialog, const QString& folder) {
+    const std::string name = dialog.printer()->docName().toStdString() + ".pdf";
+    if (auto* file = dialog.findChild<QLineEdit*>(QStringLiteral("filename"))) {
+        file->setText(QDir(folder.isEmpty() ? QDir::homePath() : folder).filePath(proposed_name(name, ".pdf")));
     }
 }
 
@@ -113,18 +115,27 @@ std::unique_ptr<Graphics> system_printer(QPrinter& printer) {
 PrinterChoice::PrinterChoice() = default;
 PrinterChoice::~PrinterChoice() = default;
 
-std::unique_ptr<Graphics> PrinterChoice::ask(QWidget* parent) {
+QString PrinterChoice::folder() const {
+    const QString file = printer_ == nullptr ? QString() : printer_->outputFileName();
+    return file.isEmpty() ? file : QFileInfo(file).absolutePath();
+}
+
+std::unique_ptr<Graphics> PrinterChoice::ask(QWidget* parent, const QString& document, const QString& last_folder) {
     if (printer_ == nullptr) {
         printer_ = std::make_unique<QPrinter>();
         printer_->setResolution(dots_per_inch);
-        printer_->setDocName(QLatin1String(document_name));
         printer_->setCreator(QLatin1String(program_name));
     }
+    const bool same_file = !folder().isEmpty() && document == printer_->docName(); // the user's own name for it
+    printer_->setDocName(document.isEmpty() ? QLatin1String(nameless_document) : document);
     QPrintDialog dialog(printer_.get(), parent);
     dialog.setObjectName(QStringLiteral("print_dialog"));
     dialog.setFont(desktop_font());
+    dialog.setWindowTitle(QStringLiteral("Print \"%1\"").arg(printer_->docName()));
     leave_out_page_options(dialog);
-    propose_file_name(dialog);
+    if (!same_file) {
+        propose_file(dialog, folder().isEmpty() ? last_folder : folder());
+    }
     count_dialog();
     if (dialog.exec() != QDialog::Accepted) {
         return nullptr;

@@ -4,6 +4,7 @@
 
 #include "platform/graphics.h"
 
+#include <QString>
 #include <QWidget>
 #include <memory>
 
@@ -18,7 +19,10 @@ class PrinterChoice {
 public:
     PrinterChoice();
     ~PrinterChoice();
-    std::unique_ptr<Graphics> ask(QWidget* parent); // null: dismissed
+    // `document` names the page: in the dialog's title, in the printer's list of jobs, in the PDF and for its file,
+    // which is proposed where the last one was made, or else in `last_folder`. Null: dismissed.
+    std::unique_ptr<Graphics> ask(QWidget* parent, const QString& document, const QString& last_folder);
+    QString folder() const; // of the PDF file that was chosen last; empty where none was
 
 private:
     std::unique_ptr<QPrinter> printer_; // made when it is first needed: it looks for the system's printers

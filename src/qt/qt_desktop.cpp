@@ -31,6 +31,9 @@ namespace tessit::qt {
 
 namespace {
 
+constexpr auto document_folder_key = "folders/documents";
+constexpr auto print_folder_key = "folders/print";
+
 FolderItem folder_item(const QString& path) {
     return FolderItem(QFile::encodeName(path).toStdString());
 }
@@ -127,7 +130,7 @@ std::optional<FolderItem> QtDesktop::choose_open_file(const FileRequest& request
     put_waiting_on_screen();
     auto chosen = [&] {
         const QuestionSign question;
-        return qt::choose_open_file(active_widget(), request);
+        return qt::choose_open_file(active_widget(), in_last_folder(request));
     }();
     if (chosen) {
         handler_works_on(file_size(*chosen));
@@ -138,13 +141,32 @@ std::optional<FolderItem> QtDesktop::choose_open_file(const FileRequest& request
 std::optional<FolderItem> QtDesktop::choose_save_file(const FileRequest& request) {
     put_waiting_on_screen();
     const QuestionSign question;
-    return qt::choose_save_file(active_widget(), request);
+    return qt::choose_save_file(active_widget(), in_last_folder(request));
 }
 
-std::unique_ptr<Graphics> QtDesktop::choose_printer() {
+// Until a file was chosen, that of the last start.
+FileRequest QtDesktop::in_last_folder(FileRequest request) {
+    const QString kept = state().value(document_folder_key).toString();
+    if (!knows_folder_ && QFileInfo(kept).isDir()) {
+        request.start_folder = folder_item(kept);
+    }
+    return request;
+}
+
+void QtDesktop::file_chosen(const FolderItem& file) {
+    knows_folder_ = true;
+    state().set(document_folder_key, QFile::decodeName(file.Parent().AbsolutePath().c_str()));
+    recent_files_.chosen(file.path());
+}
+
+std::unique_ptr<Graphics> QtDesktop::choose_printer_for(const std::string& document) {
     put_waiting_on_screen();
     const QuestionSign question;
-    return printer_choice_.ask(active_widget());
+    auto chosen = printer_choice_.ask(active_widget(), to_widget(document), state().value(print_folder_key).toString());
+    if (chosen != nullptr && !printer_choice_.folder().isEmpty()) {
+        state().set(print_folder_key, printer_choice_.folder());
+    }
+    return chosen;
 }
 
 void QtDesktop::show_fault(const FaultReport& report) {
@@ -275,6 +297,7 @@ void QtDesktop::window_closed(Window& window) {
 }
 
 void QtDesktop::event_ended() {
+    recent_files_.note();
     put_waiting_on_screen();
     show_documents();
     handler_ended();

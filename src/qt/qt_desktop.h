@@ -13,6 +13,7 @@
 #include "qt/qt_clock.h"
 #include "qt/qt_serial.h"
 #include "qt/qt_socket.h"
+#include "qt/recent_files.h"
 #include "qt/window_widget.h"
 
 #include <QApplication>
@@ -48,7 +49,9 @@ public:
     DialogAnswer show_dialog(const MessageDialog& dialog) override;
     std::optional<FolderItem> choose_open_file(const FileRequest& request) override;
     std::optional<FolderItem> choose_save_file(const FileRequest& request) override;
-    std::unique_ptr<Graphics> choose_printer() override;
+    std::unique_ptr<Graphics> choose_printer() override { return choose_printer_for({}); }
+    std::unique_ptr<Graphics> choose_printer_for(const std::string& document) override;
+    void file_chosen(const FolderItem& file) override; // its folder is proposed by the next start's dialogs
     void show_fault(const FaultReport& report) override;
     void Beep() override;
     Date current_date() override;
@@ -77,6 +80,7 @@ private:
     WindowWidget& make_widget(Window& window);
     WindowWidget& ready_widget(Window& window); // made where it was not, a notice in its place
     void put_on_screen(Window& window);
+    FileRequest in_last_folder(FileRequest request);
     void put_waiting_on_screen();
     void repaint_uncovered();
     void show_documents();
@@ -90,6 +94,8 @@ private:
     QtSerialPorts serial_ports_;
     QtSockets sockets_;
     PrinterChoice printer_choice_;
+    RecentFiles recent_files_;
+    bool knows_folder_ = false; // of this start's files
     std::unique_ptr<DesktopState> state_;
     std::vector<std::string> fonts_; // once they were asked for
     std::map<const Window*, QPointer<WindowWidget>> widgets_;

@@ -41,16 +41,28 @@ TEST_F(TableCodecTest, too_many_decimals_beep_and_leave_the_notice_up) {
 }
 
 TEST_F(TableCodecTest, faults_at_save_keep_table_and_flag_and_take_the_notice_away) {
-    const std::pair<int, const char*> cases[] = {
-        {column::base, "0.255"}, {column::base, "1234567890"}, {column::base, ""}, {column::time_each, "180"}};
-    for (const auto& [column, text] : cases) {
+    struct Case {
+        int column;
+        const char* text;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {column::base, "0.255", "Its base frequency (\"0.255\") must be a number of 0.256 to 999999."},
+        {column::base, "1234567890", "Its base frequency has more than nine characters."},
+        {column::base, "", "Its base frequency (\"\") must be a number of 0.256 to 999999."},
+        {column::time_each, "180", "Its time (\"180\") needs a colon in the form MM:SS."},
+        {column::time_each, "", "Its time (\"\") needs a colon in the form MM:SS."},
+    };
+    for (const auto& [column, text, reason] : cases) {
         program.new_protocol();
         program.enter("7.83");
+        window().edit_displayBox.SetCell(1, column::base, "7.83"); // the case before may have left its own
         window().edit_displayBox.SetCell(1, column, text);
         desktop.expect_fault("_FileSave_Action");
         app.choose_menu("FileSave");
         EXPECT_EQ(desktop.faults.back().kind, FaultKind::out_of_bounds) << text;
-        EXPECT_EQ(desktop.faults.back().what.rfind("Level 1 can't be turned", 0), 0U); // names the culprit
+        EXPECT_EQ(desktop.faults.back().what,
+                  std::string("Level 1 can't be turned into the generator's form. ") + reason);
         EXPECT_EQ(program.cell(1, column), text);
         EXPECT_TRUE(app.editchanged && !app.popupwindow->Visible());
         app.editchanged = false;

@@ -35,7 +35,12 @@ TEST_F(Dialogs, each_button_is_its_answer) {
     const auto click = [](const char* name) {
         return [name](QMessageBox& box) { box.findChild<QPushButton*>(QLatin1String(name))->click(); };
     };
-    const auto press = [](Qt::Key key) { return [key](QMessageBox& box) { QTest::keyClick(&box, key); }; };
+    const auto press = [](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        return [=](QMessageBox& box) {
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+            QTest::keyClick(&box, key, modifiers);
+        };
+    };
     const auto close = [](QMessageBox& box) { box.close(); };
     const Case cases[] = {
         {question, click("ActionButton"), DialogAnswer::action},
@@ -43,6 +48,7 @@ TEST_F(Dialogs, each_button_is_its_answer) {
         {question, click("AlternateActionButton"), DialogAnswer::alternate},
         {question, press(Qt::Key_Escape), DialogAnswer::cancel},
         {question, press(Qt::Key_Return), DialogAnswer::action},
+        {question, press(Qt::Key_D, Qt::AltModifier), DialogAnswer::alternate},
         {question, close, DialogAnswer::cancel},
         {note, press(Qt::Key_Escape), DialogAnswer::action},
         {note, close, DialogAnswer::action},
@@ -160,6 +166,32 @@ TEST_F(Dialogs, open_gives_the_file_and_nothing_when_dismissed) {
     }
     when_shown<QFileDialog>([](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
     EXPECT_FALSE(desktop.choose_open_file(request()).has_value());
+}
+
+TEST_F(Dialogs, begin_where_the_last_start_chose_a_file) {
+    class NextStart : public QtDesktop {
+    public:
+        explicit NextStart(FolderItem place) : place_(std::move(place)) {}
+        FolderItem program_folder() override { return place_; }
+
+    private:
+        FolderItem place_;
+    };
+    write_file("night.zp2");
+    when_shown<QFileDialog>([this](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.directory().path().toStdString(), desktop.program_folder().AbsolutePath());
+        auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+        name->setText(folder.filePath("night.zp2"));
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    app.GetOpenFolderItem(request().type);
+    when_shown<QFileDialog>([this](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.directory().path(), folder.path());
+        dialog.reject();
+    });
+    FileRequest next = request();
+    next.start_folder = desktop.program_folder();
+    NextStart(desktop.program_folder()).choose_open_file(next);
 }
 
 TEST(FileNames, are_made_harmless_and_short_enough) {

@@ -98,7 +98,7 @@ TEST_F(Keys, a_fault_in_a_handler_is_reported_and_goes_no_further) {
     QString report;
     DialogDriver driver;
     driver.when_shown<QMessageBox>([&](QMessageBox& box) {
-        report = box.text() + box.informativeText();
+        report = box.text() + box.informativeText() + box.detailedText();
         box.accept();
     });
     QTest::keyClicks(&edit, "x");

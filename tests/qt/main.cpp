@@ -3,6 +3,7 @@
 #include "qt/qt_desktop.h"
 
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 int main(int argc, char* argv[]) {
@@ -11,6 +12,8 @@ int main(int argc, char* argv[]) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QStandardPaths::setTestModeEnabled(true);
+    const QTemporaryDir state; // and not the developer's own
+    qputenv("XDG_STATE_HOME", QFile::encodeName(state.path()));
     tessit::qt::GuiApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

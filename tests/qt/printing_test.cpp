@@ -174,15 +174,31 @@ TEST_F(Printing, a_full_disk_is_told_and_the_old_file_stays) {
     desktop.faults.clear();
 }
 
-TEST_F(Printing, a_dismissed_dialog_leaves_nothing_behind) {
-    app.choose_menu("FilePrint");
-    when_shown<QPrintDialog>([this](QPrintDialog& dialog) {
-        EXPECT_EQ(dialog.findChild<QLineEdit*>("filename")->text(), QDir::homePath() + "/Zephon Report.pdf");
-        dialog.findChild<QLineEdit*>("filename")->setText(file());
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-    });
-    setup().DoneButton.click();
-    EXPECT_EQ(printed(), QStringList());
+TEST_F(Printing, the_page_is_known_by_its_documents_name_and_a_dismissed_dialog_leaves_nothing) {
+    struct Case {
+        const char* name;
+        const char* title;
+        QString proposed;
+        Qt::Key answer;
+    };
+    const Case cases[] = {
+        {"Rain / wind", "Rain / wind", QDir::homePath() + "/Rain - wind.pdf", Qt::Key_Escape},
+        {"/far/Rain 7.83.zp2", "Rain 7.83", QDir::homePath() + "/Rain 7.83.pdf", Qt::Key_Return},
+        {"Rain 7.83", "Rain 7.83", file(), Qt::Key_Escape},
+        {"", "Zephon Protocol Editor", file("Zephon Protocol Editor.pdf"), Qt::Key_Escape},
+    };
+    for (const Case& test : cases) {
+        editor().namefield.SetText(test.name);
+        app.choose_menu("FilePrint");
+        when_shown<QPrintDialog>([&](QPrintDialog& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Print \"%1\"").arg(test.title));
+            EXPECT_EQ(dialog.findChild<QLineEdit*>("filename")->text(), test.proposed);
+            test.answer == Qt::Key_Return ? accept(dialog, file()) : QTest::keyClick(&dialog, test.answer);
+        });
+        setup().DoneButton.click();
+        EXPECT_EQ(printed(), &test == cases ? QStringList() : QStringList("report.pdf"));
+    }
+    EXPECT_TRUE(output_of("pdfinfo", {file()}).contains(QRegularExpression("Title: +Rain 7.83\n")));
 }
 
 TEST_F(Printing, the_systems_printer_gets_the_page_or_the_fault_is_told) {
