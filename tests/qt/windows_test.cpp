@@ -6,6 +6,7 @@
 
 #include "qt/menu_bar.h"
 
+#include <QDeadlineTimer>
 #include <QDropEvent>
 #include <QMimeData>
 #include <set>
@@ -265,7 +266,7 @@ TEST_F(Windows, long_wait_repaints_shows_itself_and_lets_no_input_in) {
     };
     const auto is_idle = [&] { return !button.isDown() && QGuiApplication::overrideCursor() == nullptr; };
     window().on_button = [&] {
-        for (int wait = 0; wait < 60; ++wait) {
+        for (const QDeadlineTimer end(10'000); !is_busy() && !end.hasExpired();) {
             button.update();
             app.wait(5'000);
         }
