@@ -6,6 +6,7 @@ under a window manager a synthetic key can overtake a synthetic click.
 """
 
 import math
+import re
 import subprocess
 import time
 
@@ -327,9 +328,8 @@ class Desktop:
 
     def close(self, window):
         """Closes a window by the window manager's key."""
-        if not window.has(State.ACTIVE):
-            left, top, width, _ = settled_place(window)
-            act("mousemove", left + width // 2, top - 8, "click", 1)  # its title bar
+        if not window.has(State.ACTIVE):  # by the window manager: another window may cover it
+            act("search", "--onlyvisible", "--name", f"^{re.escape(window.name)}$", "windowactivate")
             self.wait(f'"{window.name}" to be in front', lambda: window.has(State.ACTIVE))
         act("key", "alt+F4")
         self.wait(f'"{window.name}" to close', lambda: not window.shown)
