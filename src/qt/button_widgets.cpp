@@ -65,6 +65,24 @@ private:
     const bool is_default_;
 };
 
+// Assistive technology puts it on without a click, which Qt tells as a change alone; a click on the one that is on is
+// none.
+class Radio : public QRadioButton {
+public:
+    using QRadioButton::QRadioButton;
+    bool in_click() const { return in_click_; }
+
+protected:
+    void nextCheckState() override {
+        in_click_ = true;
+        QRadioButton::nextCheckState();
+        in_click_ = false;
+    }
+
+private:
+    bool in_click_ = false;
+};
+
 } // namespace
 
 PushButtonWidget::PushButtonWidget(PushButton& button, QWidget& parent)
@@ -94,11 +112,16 @@ void PushButtonWidget::show_values() {
 }
 
 RadioButtonWidget::RadioButtonWidget(RadioButton& button, QWidget& parent)
-    : ControlWidget(button, *new QRadioButton(&parent)), button_(button), widget_(static_cast<QRadioButton&>(widget())),
+    : ControlWidget(button, *new Radio(&parent)), button_(button), widget_(static_cast<QRadioButton&>(widget())),
       group_(group_in(parent, button.own().group)) {
     group_.addButton(&widget_);
     show_circle();
     connect(&widget_, &QRadioButton::clicked, this, [this] { tell([this] { button_.click(); }); });
+    connect(&widget_, &QRadioButton::toggled, this, [this](bool on) {
+        if (on && !static_cast<Radio&>(widget_).in_click()) {
+            tell([this] { button_.click(); });
+        }
+    });
 }
 
 // On a dark desktop the empty circle would hardly stand out from the window.

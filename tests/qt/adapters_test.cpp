@@ -139,7 +139,9 @@ TEST_F(Adapters, radio_buttons_follow_the_models_group) {
     EXPECT_TRUE(window().right.Value() && !window().left.Value() && !left.isChecked());
     window().right.SetValue(false);
     EXPECT_FALSE(right.isChecked() || left.isChecked());
-    EXPECT_EQ(app.log, Log{"right"});
+    left.toggle(); // as assistive technology does
+    QTest::keyClick(&left, Qt::Key_Space);
+    EXPECT_EQ(app.log, (Log{"right", "left", "left"}));
 }
 
 TEST_F(Adapters, table_shows_every_change_at_once) {
