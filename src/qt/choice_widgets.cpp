@@ -15,8 +15,11 @@ namespace tessit::qt {
 
 namespace {
 
-bool moves_in_list(const QKeyEvent& event) {
+bool moves_in_list(const QKeyEvent& event, const QComboBox& box) {
     switch (event.key()) {
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        return !box.isEditable(); // else they move in the text
     case Qt::Key_Up:
     case Qt::Key_Down:
     case Qt::Key_PageUp:
@@ -56,7 +59,7 @@ QSize PopupMenuWidget::needed_size() const {
 // Turning the wheel to scroll the window must not change a value on the way. The keys that move in the list open it:
 // entries can be passed, and only the one that is chosen does what choosing does.
 bool PopupMenuWidget::eventFilter(QObject*, QEvent* event) {
-    if (event->type() == QEvent::KeyPress && moves_in_list(static_cast<QKeyEvent&>(*event))) {
+    if (event->type() == QEvent::KeyPress && moves_in_list(static_cast<QKeyEvent&>(*event), box_)) {
         box_.showPopup();
         return true;
     }

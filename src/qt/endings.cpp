@@ -71,8 +71,8 @@ void Endings::watch() {
         return;
     }
     const int status = 128 + signal;
-    QMetaObject::invokeMethod(
-        this, [this, status] { end(status); }, Qt::QueuedConnection);
+    const auto end_now = [this, status] { end(status); };
+    QMetaObject::invokeMethod(this, end_now, Qt::QueuedConnection);
     std::this_thread::sleep_for(longest_keeping);
     _exit(status);
 }

@@ -29,12 +29,12 @@ TEST(KeptState, outlives_the_program_and_does_without_a_usable_file) {
     for (const Case& test : cases) {
         const QTemporaryDir home;
         const auto folder = std::filesystem::path(home.path().toStdString()) / "state";
-        { DesktopState(folder).set("folders/open", "one"); }
+        DesktopState(folder).set("folders/open", "one");
         const QString file = home.filePath("state/desktop.ini");
         EXPECT_EQ(DesktopState(folder).value("folders/open"), "one");
         QFile::remove(file);
         test.obstacle(QFile::encodeName(file));
-        { DesktopState(folder).set("folders/open", "two"); }
+        DesktopState(folder).set("folders/open", "two");
         EXPECT_EQ(DesktopState(folder).value("folders/open").toString(), test.kept) << (&test - cases);
     }
     DesktopState nowhere({});
