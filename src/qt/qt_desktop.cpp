@@ -230,7 +230,7 @@ WindowWidget& QtDesktop::ready_widget(Window& window) {
     if (widget == nullptr) {
         widget = &make_widget(window);
     } else if (widget->is_notice() && !widget->isVisible()) {
-        widget->place_on_screen(open_windows()); // another window may be the active one now
+        widget->place_on_screen(open_windows(window)); // another window may be the active one now
     }
     widget->show_pending();
     return *widget;
@@ -254,7 +254,7 @@ WindowWidget& QtDesktop::make_widget(Window& window) {
     follow_desktop_font();
     auto* widget = new WindowWidget(window, activation_);
     widgets_[&window] = widget;
-    widget->place_on_screen(open_windows());
+    widget->place_on_screen(open_windows(window));
     if (const auto last = last_place(*widget)) {
         widget->place_on_screen_again(*last);
     }
@@ -337,9 +337,20 @@ QWidget* QtDesktop::active_widget() const {
     return front_widget([](const WindowWidget& widget) { return !widget.is_notice(); });
 }
 
-OpenWindows QtDesktop::open_windows() const {
-    return {.active = active_widget(),
-            .document = front_widget([](const WindowWidget& widget) { return widget.is_document(); })};
+bool QtDesktop::stands_before(const Window& one, const Window& other) const {
+    for (int index = 0; index < application_->WindowCount(); ++index) {
+        const Window* window = &application_->Window(index);
+        if (window == &one || window == &other) {
+            return window == &one;
+        }
+    }
+    return false;
+}
+
+OpenWindows QtDesktop::open_windows(const Window& opening) const {
+    const WindowWidget* document = front_widget([](const WindowWidget& widget) { return widget.is_document(); });
+    const bool behind = document != nullptr && stands_before(*document->model(), opening);
+    return {.active = active_widget(), .document = document, .steps_to_document = behind ? 1 : -1};
 }
 
 void QtDesktop::keep_place(const WindowWidget& widget) {

@@ -75,7 +75,8 @@ public:
 private:
     WindowWidget* front_widget(bool (*wanted)(const WindowWidget&)) const; // of those to be seen; null for none
     QWidget* active_widget() const; // what dialogs belong to: the frontmost window to be seen
-    OpenWindows open_windows() const;
+    bool stands_before(const Window& one, const Window& other) const;
+    OpenWindows open_windows(const Window& opening) const;
     void follow_desktop_font();
     WindowWidget& make_widget(Window& window);
     WindowWidget& ready_widget(Window& window); // made where it was not, a notice in its place

@@ -23,15 +23,15 @@ QRect free_area(const QWidget* window) {
     return free_area(window != nullptr ? window->screen() : QGuiApplication::primaryScreen());
 }
 
-QPoint next_in_cascade(QSize size, const QWidget& last, const QRect& area) {
-    const QPoint corner = last.geometry().topLeft() + QPoint(step, step);
+QPoint next_in_cascade(QSize size, const OpenWindows& open, const QRect& area) {
+    const QPoint corner = open.document->geometry().topLeft() - open.steps_to_document * QPoint(step, step);
     return area.contains(QRect(corner, size)) ? corner : area.topLeft();
 }
 
 QPoint wanted_corner(QSize size, WindowFrame frame, const OpenWindows& open, const QRect& area) {
     const bool is_document = frame == WindowFrame::document;
     if (is_document && open.document != nullptr) {
-        return next_in_cascade(size, *open.document, area);
+        return next_in_cascade(size, open, area);
     }
     QRect place({}, size);
     const bool beside = open.active != nullptr && !is_document;

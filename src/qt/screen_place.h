@@ -16,9 +16,10 @@ namespace tessit::qt {
 struct OpenWindows { // null for none
     const QWidget* active = nullptr;
     const QWidget* document = nullptr; // the frontmost document window to be seen
+    int steps_to_document = -1;        // in the cascade, from the new window: -1 for one in front of it, 1 behind it
 };
 
-// Inside the screen's free area less its frame. A document window comes in the middle or a step behind the last one,
+// Inside the screen's free area less its frame. A document window comes in the middle or a step from the last one,
 // beginning anew in the corner where that is not inside; a dialog beside and a notice over the middle of the active
 // window. Never with its corner exactly on that of another visible window.
 QRect place_for_window(QSize content, WindowFrame frame, const OpenWindows& open);

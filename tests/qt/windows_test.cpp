@@ -110,7 +110,9 @@ TEST(Cascade, steps_behind_the_last_document_and_begins_anew_at_the_edge) {
     QWidget last;
     const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
     last.setGeometry(100, 120, 50, 50);
-    const OpenWindows open{.active = &last, .document = &last};
+    OpenWindows open{.active = &last, .document = &last, .steps_to_document = 1};
+    EXPECT_EQ(place_for_window({300, 200}, WindowFrame::document, open), QRect(72, 92, 300, 200)); // its title shows
+    open.steps_to_document = -1;
     EXPECT_EQ(place_for_window({300, 200}, WindowFrame::document, open), QRect(128, 148, 300, 200));
     const QRect anew = place_for_window({area.width() - 120, 200}, WindowFrame::document, open);
     EXPECT_TRUE(anew.left() < 10 && anew.top() < 40);
