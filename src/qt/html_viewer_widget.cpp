@@ -160,6 +160,7 @@ void HTMLViewerWidget::show_file(const QString& path, const QString& anchor) {
     if (!anchor.isEmpty()) {
         url.setFragment(anchor);
     }
+    html_.document()->setDefaultStyleSheet(QStringLiteral("a { color: %1 }").arg(link_color(html_.palette()).name()));
     if (html_.source() == url) {
         html_.reload();
     } else {

@@ -95,6 +95,14 @@ QColor readable_on(const QColor& background) {
     return 1.05 / light > light / 0.05 ? Qt::white : Qt::black;
 }
 
+// Dark themes may name no colour for links, and Qt's is a dark blue.
+QColor link_color(const QPalette& palette) {
+    constexpr double least_contrast = 4.5; // of the accessibility guidelines
+    const QColor own = palette.color(QPalette::Link);
+    const double contrast = (luminance(own) + 0.05) / (luminance(palette.color(QPalette::Base)) + 0.05);
+    return is_dark(palette) && contrast < least_contrast ? QColor(0x6CB4FF) : own;
+}
+
 QPalette legible_palette() {
     return with_legible_disabled(QGuiApplication::palette());
 }

@@ -30,6 +30,7 @@ QRect scaled(const QRect& place, double scale); // neighbours stay neighbours
 
 bool is_dark(const QPalette& palette);
 QColor readable_on(const QColor& background); // black or white, whichever stands out more
+QColor link_color(const QPalette& palette);   // its own, or a lighter one where that hardly stands out from fields
 
 QPalette legible_palette();              // the application's, with disabled texts that can still be read
 QPalette window_palette(Color designed); // of a window's content, from the application's palette

@@ -53,6 +53,13 @@ TEST(Places, grow_where_there_is_room) {
 TEST(Look, text_contrasts_with_every_background) {
     EXPECT_TRUE(readable_on(QColor(0xFF0000)) == Qt::black && readable_on(QColor(0xC0C0C0)) == Qt::black);
     EXPECT_EQ(readable_on(QColor(0x000080)), QColor(Qt::white));
+    const auto shown_link = [](const QColor& background) {
+        QPalette palette(background); // with texts that contrast
+        palette.setColor(QPalette::Base, background);
+        palette.setColor(QPalette::Link, Qt::blue);
+        return link_color(palette);
+    };
+    EXPECT_TRUE(shown_link(Qt::white) == Qt::blue && shown_link(Qt::black) != Qt::blue);
 }
 
 QString name_of(const QWidget& widget) {
