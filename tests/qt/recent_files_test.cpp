@@ -10,7 +10,7 @@ namespace {
 
 const RecentFile night{.file = "/home/a & b/Night \"7\".zp2",
                        .type = "application/x-night",
-                       .used = QDateTime(QDate(2026, 3, 9), QTime(12, 0), Qt::UTC)};
+                       .used = QDateTime::fromString("2026-03-09T12:00:00Z", Qt::ISODate)};
 constexpr auto address = "file:///home/a%20&amp;%20b/Night%20%227%22.zp2";
 
 // As another program wrote it: with its own entry, and one of the file.
