@@ -107,10 +107,10 @@ TEST_F(StoringServer, gets_envelope_headers_and_body) {
     }
     feedback.FeedbackCommentField.edit(comment);
     feedback.PushButton1.click();
+    expect_sent(feedback.feedbackSocket);
     EXPECT_TRUE(body(2) == "Edit Window Layout - Poor\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n"
                            "Help Window - Very Usefull\r\n\r\nComments and Suggestions\r\n" +
                                comment + "\r\n");
-    expect_sent(feedback.feedbackSocket);
 }
 
 // What a line tells, without an owner's answer; the server is in this process.
