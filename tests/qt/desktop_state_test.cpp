@@ -20,7 +20,7 @@ TEST(KeptState, outlives_the_program_and_does_without_a_usable_file) {
         {[](const QByteArray&) {}, "two"},
         {[](const QByteArray& file) { mkfifo(file, 0600); }, ""},
         {[](const QByteArray& file) { mkdir(file, 0700); }, ""},
-        {[](const QByteArray& file) { QFile(file).open(QIODevice::WriteOnly) && QFile::resize(file, 1 << 30); }, ""},
+        {[](const QByteArray& file) { QFile(file).open(QIODevice::WriteOnly) && QFile::resize(file, 2 << 20); }, ""},
         {[](const QByteArray& file) {
              std::ofstream(file.data()) << "[folders]\nopen=@Variant(\x7f\xff[[=;;\n=\n\xff";
          },
