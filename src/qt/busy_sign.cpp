@@ -82,6 +82,10 @@ void handler_works_on(qint64 bytes) {
     }
 }
 
+bool handler_has_much_to_do() {
+    return sign.much_to_do;
+}
+
 void handler_goes_on() {
     if (sign.button != nullptr) {
         sign.button->setDown(true);

@@ -31,6 +31,7 @@ public:
 };
 
 void handler_works_on(qint64 bytes); // from now on
+bool handler_has_much_to_do();       // it is going to take longer than a moment
 void handler_goes_on();              // it still runs, and the screen is about to be painted
 void handler_ended();                // the outermost one
 

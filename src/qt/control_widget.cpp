@@ -64,14 +64,16 @@ void ControlWidget::keep_out_of_sight() {
     widget_.hide();
 }
 
-// Oftener than the eye can follow, painting would be most of what the handler does; the rest comes when it waits.
+// Oftener than the eye can follow, painting would be most of what the handler does; the rest comes when it waits. A
+// window that has only just come up is painted with the handler's end; it is waited for where that is far away.
 void ControlWidget::repaint_now() {
     constexpr int frame = 25; // milliseconds
     refresh();
     show_pending();
     const QWindow* screen_window = widget_.window()->windowHandle();
     const bool exposed = screen_window != nullptr && screen_window->isExposed();
-    if (exposed && since_painted_.isValid() && !since_painted_.hasExpired(frame)) {
+    const bool painted_just_now = since_painted_.isValid() && !since_painted_.hasExpired(frame);
+    if (exposed ? painted_just_now : !handler_has_much_to_do()) {
         return;
     }
     handler_goes_on();

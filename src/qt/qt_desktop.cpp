@@ -22,6 +22,7 @@
 #include <QMimeData>
 #include <QStandardPaths>
 #include <QTimer>
+#include <algorithm>
 #include <chrono>
 #include <ctime>
 #include <exception>
@@ -40,6 +41,10 @@ FolderItem folder_item(const QString& path) {
 
 qint64 file_size(const FolderItem& file) {
     return QFileInfo(QFile::decodeName(file.path().c_str())).size();
+}
+
+bool is_notice(const Window& window) {
+    return window.design().frame == WindowFrame::notice;
 }
 
 QString place_key(const WindowWidget& widget) {
@@ -210,19 +215,16 @@ void QtDesktop::call_later(Microseconds delay, std::function<void()> call) {
                        std::move(call));
 }
 
-// A handler may show a window and hide it again, as closing one document window to open the next one does. So windows
-// wait for the handler's end, or for the moment at which it shows a dialog or a notice or begins to wait itself. The
-// very first window is shown at once.
+// A handler may show a window and hide it again, as closing one document window to open the next one does, and most
+// handlers are done before a notice could be read. So windows wait for the handler's end, or for the moment at which it
+// shows a dialog or begins to wait itself. The very first window is shown at once, and so is the notice of long work.
 void QtDesktop::window_shown(Window& window) {
     application_ = &window.application();
-    const bool notice = window.design().frame == WindowFrame::notice;
     std::erase(waiting_, &window);
-    if (!notice && application_->busy() && !widgets_.empty()) {
-        waiting_.push_back(&window);
-        return;
+    waiting_.push_back(&window);
+    if (!application_->busy() || widgets_.empty() || (is_notice(window) && handler_has_much_to_do())) {
+        put_waiting_on_screen();
     }
-    put_waiting_on_screen();
-    put_on_screen(window);
 }
 
 WindowWidget& QtDesktop::ready_widget(Window& window) {
@@ -262,13 +264,18 @@ WindowWidget& QtDesktop::make_widget(Window& window) {
 }
 
 void QtDesktop::put_waiting_on_screen() {
-    const auto windows = std::exchange(waiting_, {});
-    for (Window* window : windows) {
-        if (window != windows.back()) {
-            activation_.show_behind(ready_widget(*window));
+    auto windows = std::exchange(waiting_, {});
+    const auto notices = std::stable_partition(windows.begin(), windows.end(),
+                                               [](const Window* window) { return !is_notice(*window); });
+    for (auto window = windows.begin(); window != notices; ++window) {
+        if (window + 1 != notices) {
+            activation_.show_behind(ready_widget(**window));
         } else {
-            put_on_screen(*window);
+            put_on_screen(**window);
         }
+    }
+    for (auto notice = notices; notice != windows.end(); ++notice) {
+        put_on_screen(**notice);
     }
     for (const auto& [window, widget] : widgets_) {
         if (widget != nullptr && widget->isVisible()) { // a hidden one's texts wait until it is shown
