@@ -74,7 +74,7 @@ QtDesktop::QtDesktop() : clock_([this] { repaint_uncovered(); }) {
     QApplication::setStyle(new SharedPalettes(QApplication::style()->name()));
     watch_input();
     QApplication::setQuitOnLastWindowClosed(false); // the program decides when it ends
-    QApplication::setWindowIcon(QIcon(logo({64, 64}, 2)));
+    QApplication::setWindowIcon(QIcon(logo({64, 64}, qApp->devicePixelRatio())));
 }
 
 QtDesktop::~QtDesktop() {
