@@ -34,6 +34,7 @@ namespace {
 
 constexpr auto document_folder_key = "folders/documents";
 constexpr auto print_folder_key = "folders/print";
+constexpr auto asks_ports_key = "start/asks_ports";
 
 FolderItem folder_item(const QString& path) {
     return FolderItem(QFile::encodeName(path).toStdString());
@@ -96,7 +97,20 @@ int QtDesktop::run() {
             }
         },
         [this] { return application_ == nullptr || application_->session_may_end(); });
+    keep_whether_ports_were_asked();
     return quit_asked_ ? 0 : QApplication::exec();
+}
+
+void QtDesktop::ask_ports_ahead() {
+    if (state().value(asks_ports_key).toBool()) {
+        serial_ports_.ask_ahead();
+    }
+}
+
+void QtDesktop::keep_whether_ports_were_asked() {
+    if (serial_ports_.were_asked() != state().value(asks_ports_key).toBool()) {
+        state().set(asks_ports_key, serial_ports_.were_asked());
+    }
 }
 
 FolderItem QtDesktop::program_folder() {
@@ -254,6 +268,9 @@ void QtDesktop::follow_desktop_font() {
 
 WindowWidget& QtDesktop::make_widget(Window& window) {
     follow_desktop_font();
+    if (widgets_.empty()) {
+        ask_ports_ahead(); // the settings are read with the first window on the screen
+    }
     auto* widget = new WindowWidget(window, activation_);
     widgets_[&window] = widget;
     widget->place_on_screen(open_windows(window));

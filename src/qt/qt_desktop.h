@@ -79,6 +79,8 @@ private:
     OpenWindows open_windows(const Window& opening) const;
     void follow_desktop_font();
     WindowWidget& make_widget(Window& window);
+    void ask_ports_ahead(); // where the last start asked for them
+    void keep_whether_ports_were_asked();
     WindowWidget& ready_widget(Window& window); // made where it was not, a notice in its place
     void put_on_screen(Window& window);
     FileRequest in_last_folder(FileRequest request);

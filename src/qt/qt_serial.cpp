@@ -35,6 +35,14 @@ QSerialPort::FlowControl flow_control_of(const SerialSettings& settings) {
     return settings.XON ? QSerialPort::SoftwareControl : QSerialPort::NoFlowControl;
 }
 
+std::vector<SerialPort> ask_system() {
+    std::vector<SerialPort> ports;
+    for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
+        ports.push_back({info.portName().toStdString(), info.systemLocation().toStdString()});
+    }
+    return ports;
+}
+
 class QtSerialLine : public SerialLine {
 public:
     explicit QtSerialLine(const std::string& device) {
@@ -160,15 +168,22 @@ std::vector<SerialPort> QtSerialPorts::list() {
     return ports;
 }
 
+void QtSerialPorts::ask_ahead() {
+    ahead_ = std::async(std::launch::async, ask_system);
+    ahead_holds_.setRemainingTime(4 * moment);
+}
+
 const std::vector<SerialPort>& QtSerialPorts::system_ports() {
+    asked_ = true;
     if (holds_.hasExpired()) {
-        system_ports_.clear();
-        for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
-            system_ports_.push_back({info.portName().toStdString(), info.systemLocation().toStdString()});
-        }
+        system_ports_ = newest_system_ports();
         holds_.setRemainingTime(moment);
     }
     return system_ports_;
+}
+
+std::vector<SerialPort> QtSerialPorts::newest_system_ports() {
+    return ahead_.valid() && !ahead_holds_.hasExpired() ? ahead_.get() : ask_system();
 }
 
 std::unique_ptr<SerialLine> QtSerialPorts::open(const SerialPort& port, const SerialSettings& settings) {

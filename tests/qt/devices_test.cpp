@@ -91,6 +91,14 @@ TEST(QtSerial, forgets_stale_bytes_and_reads_split_ones) {
     EXPECT_TRUE(line->read(10).empty() && line->alive());
 }
 
+TEST(QtSerial, tells_the_same_ports_when_asked_ahead) {
+    QtSerialPorts asked_now;
+    QtSerialPorts asked_before;
+    asked_before.ask_ahead();
+    EXPECT_EQ(asked_before.list(), asked_now.list());
+    EXPECT_EQ(asked_before.list(), asked_now.list()) << "again";
+}
+
 TEST(QtSerial, sends_without_an_event_loop) {
     PseudoTerminal device;
     QtSerialPorts ports;
