@@ -282,17 +282,14 @@ WindowWidget& QtDesktop::make_widget(Window& window) {
 
 void QtDesktop::put_waiting_on_screen() {
     auto windows = std::exchange(waiting_, {});
-    const auto notices = std::stable_partition(windows.begin(), windows.end(),
-                                               [](const Window* window) { return !is_notice(*window); });
-    for (auto window = windows.begin(); window != notices; ++window) {
-        if (window + 1 != notices) {
+    const auto notices =
+        std::stable_partition(windows.begin(), windows.end(), [](const Window* window) { return !is_notice(*window); });
+    for (auto window = windows.begin(); window != windows.end(); ++window) {
+        if (notices - window > 1) { // the last document comes to the front
             activation_.show_behind(ready_widget(**window));
         } else {
             put_on_screen(**window);
         }
-    }
-    for (auto notice = notices; notice != windows.end(); ++notice) {
-        put_on_screen(**notice);
     }
     for (const auto& [window, widget] : widgets_) {
         if (widget != nullptr && widget->isVisible()) { // a hidden one's texts wait until it is shown

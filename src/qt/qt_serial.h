@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The machine's serial ports through Qt, headed by running emulated generators. Asking the system costs some ten
-// milliseconds, and a start with a port in the settings asks three times: an answer holds for a moment, and a start that
-// is going to ask can have it asked beside its other work.
+// milliseconds, and a start with a port in the settings asks three times: an answer holds for a moment, and a start
+// that is going to ask can have it asked beside its other work.
 #pragma once
 
 #include "platform/serial.h"
