@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The steady clock in microseconds. Waiting costs little: it sleeps until shortly before the end and spins the rest.
+// The steady clock in microseconds. Waiting costs little: it sleeps until shortly before the end and spins the rest, no
+// more of it than this machine is late to wake a sleeper.
 #pragma once
 
 #include "platform/clock.h"
@@ -18,9 +19,11 @@ public:
 
 private:
     void keep_house();
+    void sleep_until(Microseconds moment);
 
     const std::function<void()> housekeeping_;
     Microseconds next_housekeeping_ = 0;
+    Microseconds lateness_; // that one sleep in twenty exceeds
 };
 
 } // namespace tessit::qt
