@@ -60,6 +60,7 @@ std::string copies_in(const fs::path& folder) {
 
 std::string values_of(DocumentWindow& window) {
     ArchiveWriter writer;
+    window.archive(writer); // its controls, whatever it keeps of them
     window.archive_document(writer);
     return writer.values();
 }

@@ -46,6 +46,7 @@ constexpr TextStyle bold_style{.bold = true};
 
 TEST_F(StyledField, types_in_the_style_chosen_and_undoes_it) {
     EXPECT_FALSE(bold().isChecked());
+    EXPECT_GT(QRegion(bold().icon().pixmap(64, 64).mask()).boundingRect().height(), 32) << "its letter fills it";
     QTest::mouseClick(&bold(), Qt::LeftButton);
     EXPECT_TRUE(edit->hasFocus()) << "a click on a style button leaves the field its focus";
     EXPECT_TRUE(bold().isChecked());

@@ -161,6 +161,7 @@ TEST_F(Viewer, finds_in_pdf_around_the_end) {
     EXPECT_EQ(find<QLabel>("find_result").text(), "Not found");
     open("HelpDisplayManual");
     EXPECT_EQ(find<QLabel>("find_result").text(), "");
+    EXPECT_TRUE(find<QLineEdit>("find_text").hasFocus());
     press(Qt::Key_Escape);
     EXPECT_TRUE(pdf().hasFocus());
 }

@@ -240,6 +240,14 @@ TEST_F(Windows, table_grows_with_the_window_and_a_small_window_scrolls) {
     EXPECT_TRUE(eventually([&] { return area->verticalScrollBar()->maximum() == 0; }));
 }
 
+struct Painted : QObject {
+    int count = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
 TEST_F(Windows, notice_comes_up_when_the_handler_waits) {
     app.from_user("transfer", [&] {
         app.notice->bar.SetValue(90);
@@ -254,14 +262,20 @@ TEST_F(Windows, notice_comes_up_when_the_handler_waits) {
     });
 }
 
+TEST_F(Windows, refresh_paints_while_the_handler_runs) {
+    auto& button = find<QPushButton>("button");
+    Painted painted;
+    button.installEventFilter(&painted);
+    app.from_user("work", [&] {
+        button.update();
+        EXPECT_EQ(painted.count, 0);
+        window().button.Refresh();
+        EXPECT_EQ(painted.count, 1);
+    });
+}
+
 TEST_F(Windows, long_wait_repaints_shows_itself_and_lets_no_input_in) {
-    struct Painted : QObject {
-        int count = 0;
-        bool eventFilter(QObject*, QEvent* event) override {
-            count += event->type() == QEvent::Paint ? 1 : 0;
-            return false;
-        }
-    } painted;
+    Painted painted;
     auto& button = find<QPushButton>("button");
     button.installEventFilter(&painted);
     const auto is_busy = [&] {
