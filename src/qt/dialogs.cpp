@@ -68,10 +68,9 @@ void set_title(QMessageBox& box) {
 }
 
 void set_texts(QMessageBox& box, const std::string& message, const std::string& explanation) {
-    box.setTextFormat(Qt::PlainText);
     box.setText(to_widget(message));
     box.setInformativeText(to_widget(explanation));
-    for (auto* label : box.findChildren<QLabel*>()) { // the box's own format holds for the message alone
+    for (auto* label : box.findChildren<QLabel*>()) { // the box's own format would hold for the message alone
         label->setTextFormat(Qt::PlainText);
     }
 }

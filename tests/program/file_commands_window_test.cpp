@@ -231,6 +231,9 @@ TEST_F(ProtocolFile, a_dismissed_save_dialog_writes_nothing_and_clears_the_flag)
     app.choose_menu("FileSave");
     EXPECT_TRUE(!app.editchanged && app.changed);
     EXPECT_EQ(app.filename, "Untitled");
+    desktop.choose_file(desktop.folder / "front.zp2");
+    app.writezpFile();
+    EXPECT_TRUE(fs::exists(desktop.folder / "front.zp2"));
     app.editwindow->close_by_user(); // asks nothing: the level is lost
     EXPECT_FALSE(app.editwindow.exists());
 }

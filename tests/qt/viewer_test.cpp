@@ -284,6 +284,7 @@ TEST_F(Viewer, opens_no_pipe_and_no_device_and_lays_out_nothing_out_of_bounds) {
          "shown"},
         {QByteArray("<table><tr><td>").repeated(6), "too deeply nested"},
         {QByteArray("<b></i>").repeated(51), "too deeply nested"},
+        {"<b>" + QByteArray("</b>").repeated(60) + QByteArray("<b>").repeated(51), "too deeply nested"},
         {"<table>" + QByteArray("<tr>").repeated(100) + "<td colspan=\"60\">", "its tables are too large"},
         {QByteArray(2001, 'x'), "too deeply nested"},
         {QByteArray(100'001, ' '), "It is longer than 100000 bytes"},
