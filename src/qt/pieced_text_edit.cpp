@@ -171,7 +171,6 @@ bool PiecedTextEdit::deletes_paragraph_end(const QKeyEvent& event) {
         return false;
     }
     cursor.setPosition(end_of(last_piece(cursor.block())), QTextCursor::KeepAnchor);
-    setTextCursor(cursor);
     cursor.removeSelectedText();
     return true;
 }
@@ -206,7 +205,6 @@ void PiecedTextEdit::insert_in_pieces(const PiecedText& text) {
     }
     cursor.insertText(text.shown);
     hold_borders(places);
-    setTextCursor(cursor);
     cursor.endEditBlock();
     ensureCursorVisible();
     estimate_lines();

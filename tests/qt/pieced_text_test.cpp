@@ -109,13 +109,33 @@ TEST(PiecedText, is_edited_like_one_paragraph) {
             default:
                 break;
             }
-            for (const Key& key : *rc::gen::container<std::vector<Key>>(keys())) {
+            for (const Key& key : *rc::gen::scale(0.4, rc::gen::container<std::vector<Key>>(keys()))) {
                 both([&](Shown& shown) { shown.press(key); });
             }
             RC_ASSERT(pieced.state() == whole.state());
         }
     }));
     EXPECT_GT(cut, 0);
+}
+
+TEST(PiecedText, lines_and_paragraphs_are_those_of_the_text) {
+    PiecedTextEdit edit(nullptr);
+    edit.set_piece_length(40);
+    QString text;
+    for (int entry = 10; entry < 60; ++entry) {
+        text += QString::number(entry) + QLatin1String(", ");
+    }
+    edit.set_text(text);
+    edit.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&edit));
+    QTest::keyClick(&edit, Qt::Key_End); // in front of the blank at which a line is broken
+    EXPECT_EQ(edit.selection_end(), 39);
+    const auto press = [&edit] { QTest::mousePress(edit.viewport(), Qt::LeftButton, Qt::NoModifier, {8, 10}); };
+    press();
+    QTest::mouseDClick(edit.viewport(), Qt::LeftButton, Qt::NoModifier, {8, 10});
+    EXPECT_EQ(edit.selection_end() - edit.selection_start(), 2);
+    press();
+    EXPECT_EQ(edit.selection_end() - edit.selection_start(), text.size());
 }
 
 } // namespace
