@@ -85,8 +85,10 @@ void PiecedTextEdit::set_text(const QString& text) {
     const PiecedText pieced = piece_length_ > 0 ? in_pieces(text, piece_length_) : PiecedText{.shown = text};
     borders_.clear();
     setPlainText(pieced.shown);
-    hold_borders(pieced.borders);
-    estimate_lines();
+    if (!pieced.borders.empty()) {
+        hold_borders(pieced.borders);
+        estimate_lines();
+    }
 }
 
 int PiecedTextEdit::selection_start() const {
