@@ -3,33 +3,54 @@
 
 #include "platform/text.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tessit {
 
-float read_number(const Array<std::string>& characters) {
-    float value = 0;
-    int decimals = 0;
-    bool significant = false; // a digit other than 0 has been seen
-    const int last = characters.upper_bound();
-    for (int i = 0; i <= last; ++i) {
-        const std::string& character = characters[i];
-        const char c = character.size() == 1 ? character.front() : ' ';
+namespace {
+
+class NumberReader {
+public:
+    void take(char c) { // another character than an ASCII one counts like a blank
+        decimals_ = c == '.' ? 0 : decimals_ + 1;
+        point_seen_ = point_seen_ || c == '.';
         if (c >= '1' && c <= '9') {
-            value = value * 10.0F; // each step rounds to single precision
-            value = value + static_cast<float>(c - '0');
-            significant = true;
-        } else if (c == '0' && significant) {
-            value = value * 10.0F;
-        } else if (c == '.') {
-            decimals = last - i;
+            value_ = value_ * 10.0F; // each step rounds to single precision
+            value_ = value_ + static_cast<float>(c - '0');
+            significant_ = true;
+        } else if (c == '0' && significant_) {
+            value_ = value_ * 10.0F;
         }
     }
-    return static_cast<float>(static_cast<double>(value) / std::pow(10.0, decimals));
+    float number() const {
+        return static_cast<float>(static_cast<double>(value_) / std::pow(10.0, point_seen_ ? decimals_ : 0));
+    }
+
+private:
+    float value_ = 0;
+    int decimals_ = 0; // characters behind the last point
+    bool point_seen_ = false;
+    bool significant_ = false; // a digit other than 0 has been seen
+};
+
+} // namespace
+
+float read_number(const Array<std::string>& characters) {
+    NumberReader reader;
+    for (const std::string& character : characters) {
+        reader.take(character.size() == 1 ? character.front() : ' ');
+    }
+    return reader.number();
 }
 
 float read_number(std::string_view text) {
-    return read_number(characters(text));
+    if (std::any_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; })) {
+        return read_number(characters(text));
+    }
+    NumberReader reader;
+    std::for_each(text.begin(), text.end(), [&reader](char c) { reader.take(c); });
+    return reader.number();
 }
 
 } // namespace tessit

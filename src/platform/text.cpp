@@ -55,7 +55,10 @@ std::string replace(std::string_view text, std::string_view what, std::string_vi
 } // namespace
 
 int Len(std::string_view text) {
-    int count = 0;
+    const auto ascii_end =
+        std::find_if(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+    auto count = static_cast<int>(ascii_end - text.begin()); // a long list is ASCII
+    text.remove_prefix(static_cast<std::size_t>(count));
     for (; !text.empty(); ++count) {
         text.remove_prefix(character_length(text));
     }

@@ -12,6 +12,7 @@
 #include "qt/styled_field_widget.h"
 
 #include <QLineEdit>
+#include <QPlainTextEdit>
 
 namespace tessit::qt {
 

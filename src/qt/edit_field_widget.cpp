@@ -6,6 +6,7 @@
 #include "qt/dialogs.h"
 #include "qt/focus_frame.h"
 #include "qt/look.h"
+#include "qt/pieced_text_edit.h"
 #include "qt/styled_document.h"
 #include "qt/widget_text.h"
 
@@ -17,7 +18,6 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
-#include <QTextCursor>
 #include <QTimer>
 #include <algorithm>
 
@@ -111,8 +111,17 @@ QTextOption::WrapMode wrap_mode_for(QStringView text) {
     return QTextOption::WrapAtWordBoundaryOrAnywhere;
 }
 
+// Without a copy of it, however long it is.
+int characters_in(QStringView text) {
+    auto count = static_cast<int>(text.size());
+    for (qsizetype at = 1; at < text.size(); ++at) {
+        count -= text[at].isLowSurrogate() && text[at - 1].isHighSurrogate() ? 1 : 0;
+    }
+    return count;
+}
+
 // Texts are pasted and dropped here, before the field knows of them.
-class TextEdit : public FocusFrame<QPlainTextEdit> {
+class TextEdit : public FocusFrame<PiecedTextEdit> {
 public:
     TextEdit(EditField& field, QWidget* parent) : FocusFrame(parent), field_(field) {}
 
@@ -127,7 +136,7 @@ protected:
         if (wrap_mode_for(text) == QTextOption::WrapAnywhere) {
             setWordWrapMode(QTextOption::WrapAnywhere);
         }
-        QPlainTextEdit::insertFromMimeData(source);
+        PiecedTextEdit::insertFromMimeData(source);
     }
 
 private:
@@ -208,13 +217,10 @@ void FieldWidget::edited(const QString& text) {
     tell([&] { field_.edit(to_model(text)); });
 }
 
-void FieldWidget::tell_selection(const QTextCursor& cursor, const QString& text) {
+void FieldWidget::tell_selection(const QString& text, int start, int end) {
     if (!is_quiet() && attached()) {
-        const auto characters_to = [&text](int place) {
-            return static_cast<int>(QStringView(text).left(place).toUcs4().size());
-        };
-        const int start = characters_to(cursor.selectionStart());
-        field_.select({.start = start, .length = characters_to(cursor.selectionEnd()) - start});
+        const int before = characters_in(QStringView(text).left(start));
+        field_.select({.start = before, .length = characters_in(QStringView(text).mid(start, end - start))});
     }
 }
 
@@ -273,8 +279,8 @@ void LineFieldWidget::show_values() {
     }
 }
 
-TextFieldWidget::TextFieldWidget(EditField& field, QWidget& parent)
-    : FieldWidget(field, *new TextEdit(field, &parent)), edit_(static_cast<QPlainTextEdit&>(widget())) {
+TextFieldWidget::TextFieldWidget(EditField& field, QWidget& parent, int pieces_of)
+    : FieldWidget(field, *new TextEdit(field, &parent)), edit_(static_cast<PiecedTextEdit&>(widget())) {
     edit_.setTabChangesFocus(true);
     edit_.setReadOnly(field.own().read_only);
     QTextOption option = edit_.document()->defaultTextOption();
@@ -282,26 +288,28 @@ TextFieldWidget::TextFieldWidget(EditField& field, QWidget& parent)
     option.setTextDirection(Qt::LayoutDirectionAuto);
     edit_.document()->setDefaultTextOption(option);
     if (field.own().keeps_history) {
-        keep_history();
+        keep_history(pieces_of);
     }
-    const auto selected = [this] {
+    connect(&edit_, &QPlainTextEdit::textChanged, this, [this] {
         if (!is_quiet()) {
-            tell_selection(edit_.textCursor(), edit_.toPlainText());
-        }
-    };
-    connect(&edit_, &QPlainTextEdit::textChanged, this, [this, selected] {
-        if (!is_quiet()) {
-            edited(edit_.toPlainText());
-            selected(); // the cursor moved before the text was told
+            edited(edit_.text());
+            tell_selection(); // the cursor moved before the text was told
         }
     });
-    connect(&edit_, &QPlainTextEdit::selectionChanged, this, selected);
-    connect(&edit_, &QPlainTextEdit::cursorPositionChanged, this, selected);
+    connect(&edit_, &QPlainTextEdit::selectionChanged, this, &TextFieldWidget::tell_selection);
+    connect(&edit_, &QPlainTextEdit::cursorPositionChanged, this, &TextFieldWidget::tell_selection);
+}
+
+void TextFieldWidget::tell_selection() {
+    if (!is_quiet()) {
+        FieldWidget::tell_selection(edit_.text(), edit_.selection_start(), edit_.selection_end());
+    }
 }
 
 // The model's instead of the widget's own, which a text from the program would end.
-void TextFieldWidget::keep_history() {
+void TextFieldWidget::keep_history(int pieces_of) {
     edit_.setUndoRedoEnabled(false);
+    edit_.set_piece_length(pieces_of);
     edit_.setContextMenuPolicy(Qt::CustomContextMenu);
     connect(&edit_, &QPlainTextEdit::customContextMenuRequested, this, &TextFieldWidget::show_menu);
 }
@@ -350,10 +358,7 @@ void TextFieldWidget::go(void (EditField::*step)()) {
             const auto units_to = [this](int place) {
                 return static_cast<int>(to_widget(Mid(field().Text(), 0, place)).size());
             };
-            QTextCursor cursor = edit_.textCursor();
-            cursor.setPosition(units_to(field().SelStart()));
-            cursor.setPosition(units_to(field().SelStart() + field().SelLength()), QTextCursor::KeepAnchor);
-            edit_.setTextCursor(cursor);
+            edit_.select(units_to(field().SelStart()), units_to(field().SelStart() + field().SelLength()));
         });
     }
 }
@@ -375,14 +380,12 @@ void TextFieldWidget::show_pending() {
 
 // A long list of numbers is laid out twice as fast without what other scripts need.
 void TextFieldWidget::choose_layout(const QString& text) {
-    if (wrap_mode_for(text) != edit_.wordWrapMode()) {
+    if (const auto mode = wrap_mode_for(text); mode != edit_.wordWrapMode()) {
         edit_.clear(); // or the old text would be laid out anew
-        edit_.setWordWrapMode(wrap_mode_for(text));
+        edit_.setWordWrapMode(mode);
     }
     constexpr int long_text = 10000;
-    const bool simple = text.size() > long_text && std::all_of(text.begin(), text.end(), [](QChar character) {
-                            return character.unicode() < 0x80;
-                        });
+    const bool simple = text.size() > long_text && is_ascii(text);
     QTextOption option = edit_.document()->defaultTextOption();
     const Qt::LayoutDirection direction = simple ? Qt::LeftToRight : Qt::LayoutDirectionAuto;
     if (option.textDirection() != direction) {
@@ -397,14 +400,13 @@ void TextFieldWidget::choose_layout(const QString& text) {
 
 void TextFieldWidget::show_text() {
     const QString text = to_widget(field().Text());
-    if (edit_.toPlainText() != text) {
-        QTextCursor cursor = edit_.textCursor();
-        const int start = cursor.selectionStart();
+    if (edit_.text() != text) {
+        const int start = edit_.selection_start();
         choose_layout(text);
-        edit_.setPlainText(text);
+        edit_.set_text(text);
         const auto end = static_cast<int>(text.size());
-        cursor.setPosition(field().own().shows_end ? end : std::min(start, end));
-        edit_.setTextCursor(cursor);
+        const int place = field().own().shows_end ? end : std::min(start, end);
+        edit_.select(place, place);
     }
 }
 

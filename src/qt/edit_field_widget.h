@@ -7,13 +7,13 @@
 #include "qt/control_widget.h"
 
 #include <QLineEdit>
-#include <QPlainTextEdit>
 
 class QInputMethodEvent;
 class QKeyEvent;
-class QTextCursor;
 
 namespace tessit::qt {
+
+class PiecedTextEdit;
 
 class FieldWidget : public ControlWidget {
 public:
@@ -23,7 +23,7 @@ public:
 protected:
     EditField& field() const { return field_; }
     void edited(const QString& text);
-    void tell_selection(const QTextCursor& cursor, const QString& text);
+    void tell_selection(const QString& text, int start, int end); // places in the text
     void show_text_size();
     virtual void entered_by_keyboard() {}
 
@@ -53,7 +53,9 @@ private:
 
 class TextFieldWidget : public FieldWidget {
 public:
-    TextFieldWidget(EditField& field, QWidget& parent);
+    static constexpr int piece_length = 5000; // of a long text with a history, which is shown in pieces
+
+    TextFieldWidget(EditField& field, QWidget& parent, int pieces_of = piece_length);
     void show_pending() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -61,12 +63,13 @@ private:
     void show_values() override;
     void show_text();
     void choose_layout(const QString& text);
-    void keep_history();
+    void keep_history(int pieces_of);
+    void tell_selection();
     bool is_step(const QKeyEvent& key);
     void show_menu(const QPoint& place);
     void go(void (EditField::*step)());
 
-    QPlainTextEdit& edit_;
+    PiecedTextEdit& edit_;
     bool pending_ = false;
 };
 

@@ -15,7 +15,10 @@ StyledFieldWidget::StyledFieldWidget(EditField& field, QWidget& parent)
     edit_.setAcceptRichText(false);
     edit_.setTabChangesFocus(true);
     edit_.setReadOnly(field.own().read_only);
-    const auto selected = [this] { tell_selection(edit_.textCursor(), edit_.toPlainText()); };
+    const auto selected = [this] {
+        const QTextCursor cursor = edit_.textCursor();
+        tell_selection(edit_.toPlainText(), cursor.selectionStart(), cursor.selectionEnd());
+    };
     connect(&edit_, &QTextEdit::textChanged, this, [this, selected] {
         tell([this] { this->field().edit(styled_text_of(*edit_.document())); });
         selected(); // the cursor moved before the text was told

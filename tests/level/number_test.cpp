@@ -32,6 +32,7 @@ TEST(ReadNumber, accumulates_digits_and_skips_the_rest) {
     };
     for (const auto& [text, value] : cases) {
         EXPECT_EQ(read_number(characters(text)), value) << text;
+        EXPECT_EQ(read_number(text), value) << text;
     }
     EXPECT_TRUE(std::isinf(read_number(characters(std::string(60, '9')))));
 }
