@@ -2,18 +2,14 @@
 // The line below a document in which a text is typed that is looked for.
 #pragma once
 
+#include "qt/found_place.h"
+
 #include <QLabel>
 #include <QLineEdit>
 #include <QWidget>
 #include <functional>
 
 namespace tessit::qt {
-
-// Which of the places where a text stands is shown, counted from 1 in the document's order. 0 of 0: it stands nowhere.
-struct FoundPlace {
-    int number = 0;
-    int count = 0;
-};
 
 class FindBar : public QWidget {
 public:

@@ -2,6 +2,7 @@
 #include "qt/html_viewer_widget.h"
 
 #include "qt/look.h"
+#include "qt/pdf_module.h"
 #include "qt/widget_text.h"
 
 #include <QDir>
@@ -33,8 +34,8 @@ QString file_name_of(const FolderItem& item) {
 
 HTMLViewerWidget::HTMLViewerWidget(HTMLViewer& viewer, QWidget& parent)
     : ControlWidget(viewer, *new QWidget(&parent)), viewer_(viewer), row_(*new QWidget(&widget())),
-      pages_(*new QStackedWidget(&widget())), html_(*new DocumentBrowser(&pages_)), pdf_(*new PdfPage(pages_)),
-      notice_(*new QLabel(&widget())), find_bar_(*new FindBar(widget())) {
+      pages_(*new QStackedWidget(&widget())), html_(*new DocumentBrowser(&pages_)), notice_(*new QLabel(&widget())),
+      find_bar_(*new FindBar(widget())) {
     widget().setFont(in_pixels(desktop_font()));
     auto* column = new QVBoxLayout(&widget());
     column->setContentsMargins(0, 0, 0, 0);
@@ -47,12 +48,8 @@ HTMLViewerWidget::HTMLViewerWidget(HTMLViewer& viewer, QWidget& parent)
     html_.setOpenLinks(false);
     html_.setFrameShape(QFrame::NoFrame);
     html_.document()->setDocumentMargin(12);
-    pdf_.setObjectName("HTMLV_pdf");
-    pdf_.setAccessibleName(widget().accessibleName());
-    pdf_.setFrameShape(QFrame::NoFrame);
     html_.viewport()->installEventFilter(this);
     pages_.addWidget(&html_);
-    pages_.addWidget(&pdf_);
     notice_.setObjectName("HTMLV_notice");
     notice_.setTextFormat(Qt::PlainText);
     notice_.setWordWrap(true);
@@ -65,8 +62,6 @@ HTMLViewerWidget::HTMLViewerWidget(HTMLViewer& viewer, QWidget& parent)
     bring_up(html_);
     connect(&html_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { follow(link); });
     connect(&html_, &QTextBrowser::historyChanged, this, [this] { refresh_buttons(); });
-    pdf_.on_scrolled = [this] { refresh_buttons(); };
-    pdf_.on_counted = [this](const FoundPlace& place) { find_bar_.tell(place); };
     find_bar_.on_typed = [this] { find(false, true); };
     find_bar_.on_find = [this](bool backward) { find(backward, false); };
     find_bar_.on_shut = [this] { end_find(); };
@@ -155,7 +150,7 @@ void HTMLViewerWidget::show_file(const QString& path, const QString& anchor) {
     if (is_pdf(path)) {
         return show_pdf(path);
     }
-    pdf_.close();
+    close_pdf();
     QUrl url = QUrl::fromLocalFile(path);
     if (!anchor.isEmpty()) {
         url.setFragment(anchor);
@@ -173,14 +168,36 @@ void HTMLViewerWidget::show_pdf(const QString& path) {
     try {
         FolderItem(QFile::encodeName(path).toStdString())
             .OpenAsTextFile(most_pdf_bytes); // an ordinary file, not too long
+        make_pdf_page();
     } catch (const Fault& fault) {
         return show_message(unreadable_page(to_widget(fault.what())));
     }
-    if (!pdf_.open(path)) {
+    if (!pdf_->open(path)) {
         return show_message(unreadable_page(QStringLiteral("The file \"%1\" is damaged, or it is no PDF.").arg(path)));
     }
     list_headings();
-    bring_up(pdf_);
+    bring_up(pdf_->widget());
+}
+
+void HTMLViewerWidget::make_pdf_page() {
+    if (pdf_ != nullptr) {
+        return;
+    }
+    pdf_ = &qt::make_pdf_page(pages_, pdf_module_folders());
+    pdf_->on_scrolled = [this] { refresh_buttons(); };
+    pdf_->on_counted = [this](const FoundPlace& place) { find_bar_.tell(place); };
+    QAbstractScrollArea& page = pdf_->widget();
+    page.setObjectName("HTMLV_pdf");
+    page.setAccessibleName(html_.accessibleName());
+    page.setFrameShape(QFrame::NoFrame);
+    pages_.addWidget(&page);
+    QWidget::setTabOrder(&html_, &page); // not behind the buttons, though it comes later
+}
+
+void HTMLViewerWidget::close_pdf() {
+    if (pdf_ != nullptr) {
+        pdf_->close();
+    }
 }
 
 void HTMLViewerWidget::show_missing() {
@@ -196,7 +213,7 @@ void HTMLViewerWidget::show_missing() {
 }
 
 void HTMLViewerWidget::show_message(const QString& html) {
-    pdf_.close();
+    close_pdf();
     html_.setSource(QUrl());
     html_.clearHistory();
     html_.setHtml(html);
@@ -249,7 +266,7 @@ void HTMLViewerWidget::go_back() {
     tell("");
     if (shows_pdf() && html_behind_) {
         html_behind_ = false;
-        pdf_.close();
+        close_pdf();
         return bring_up(html_);
     }
     if (!shows_pdf()) {
@@ -272,7 +289,7 @@ void HTMLViewerWidget::find(bool backward, bool from_present_place) {
     }
     if (shows_pdf()) {
         find_bar_.tell_nothing();
-        if (!pdf_.find(text, backward, from_present_place)) {
+        if (!pdf_->find(text, backward, from_present_place)) {
             find_bar_.tell({});
         }
         return;
@@ -307,7 +324,9 @@ FoundPlace HTMLViewerWidget::place_in_html(const QString& text) const {
 
 void HTMLViewerWidget::end_find() {
     find_bar_.tell_nothing();
-    pdf_.clear_find();
+    if (pdf_ != nullptr) {
+        pdf_->clear_find();
+    }
     if (!find_bar_.isVisible()) {
         pages_.currentWidget()->setFocus(Qt::OtherFocusReason);
     }
@@ -315,7 +334,7 @@ void HTMLViewerWidget::end_find() {
 
 void HTMLViewerWidget::zoom(int steps) {
     if (shows_pdf()) {
-        return pdf_.zoom(steps);
+        return pdf_->zoom(steps);
     }
     const int wanted = steps == 0 ? 0 : std::clamp(html_zoom_ + steps, -4, 20);
     html_zoom_ = wanted;
@@ -336,21 +355,21 @@ bool HTMLViewerWidget::eventFilter(QObject*, QEvent* event) {
 // The documents are only read: nothing is cut and nothing pasted.
 void HTMLViewerWidget::edit(EditCommand command) {
     if (command == EditCommand::copy) {
-        shows_pdf() ? pdf_.copy() : html_.copy();
+        shows_pdf() ? pdf_->copy() : html_.copy();
     } else if (command == EditCommand::select_all) {
-        shows_pdf() ? pdf_.select_all() : html_.selectAll();
+        shows_pdf() ? pdf_->select_all() : html_.selectAll();
     }
 }
 
 void HTMLViewerWidget::list_headings() {
     contents_->menu()->clear();
     QMenu* chapter = contents_->menu();
-    for (const PdfHeading& heading : pdf_.headings()) {
+    for (const PdfHeading& heading : pdf_->headings()) {
         const QString title = QString(heading.title).replace('&', QLatin1String("&&"));
         if (heading.level == 0) {
             chapter = contents_->menu()->addMenu(title);
         }
-        chapter->addAction(title, this, [this, heading] { pdf_.go_to(heading); });
+        chapter->addAction(title, this, [this, heading] { pdf_->go_to(heading); });
     }
 }
 
@@ -358,8 +377,9 @@ void HTMLViewerWidget::refresh_buttons() {
     back_->setEnabled(shows_pdf() ? html_behind_ : html_.isBackwardAvailable());
     forward_->setEnabled(!shows_pdf() && html_.isForwardAvailable());
     contents_->setVisible(shows_pdf() && !contents_->menu()->isEmpty());
-    page_number_->setText(
-        shows_pdf() ? QStringLiteral("Page %1 of %2").arg(pdf_.current_page() + 1).arg(pdf_.page_count()) : QString());
+    page_number_->setText(shows_pdf()
+                              ? QStringLiteral("Page %1 of %2").arg(pdf_->current_page() + 1).arg(pdf_->page_count())
+                              : QString());
 }
 
 } // namespace tessit::qt

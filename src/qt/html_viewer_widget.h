@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// An HTMLViewer: a row of buttons, the document (HTML in a text browser, PDF in a page view), a line for what there is
-// to be told, and the find bar. Only files beside the document are opened by its links; a link that leads anywhere else
-// is told and not followed.
+// An HTMLViewer: a row of buttons, the document (HTML in a text browser, PDF in a page view, made for the first one), a
+// line for what there is to be told, and the find bar. Only files beside the document are opened by its links; a link
+// that leads anywhere else is told and not followed.
 #pragma once
 
 #include "platform/html_viewer.h"
@@ -31,6 +31,8 @@ private:
 
     void show_file(const QString& path, const QString& anchor);
     void show_pdf(const QString& path);
+    void make_pdf_page();
+    void close_pdf();
     void show_missing();
     void show_message(const QString& html);
     void bring_up(QWidget& page);
@@ -46,15 +48,15 @@ private:
     void edit(EditCommand command);
     void refresh_buttons();
     void list_headings(); // of the PDF, a chapter with its sections each
-    bool shows_pdf() const { return pages_.currentWidget() == &pdf_; }
+    bool shows_pdf() const { return pdf_ != nullptr && pages_.currentWidget() == &pdf_->widget(); }
 
     HTMLViewer& viewer_;
     QWidget& row_;
     QStackedWidget& pages_;
     DocumentBrowser& html_;
-    PdfPage& pdf_;
     QLabel& notice_;
     FindBar& find_bar_;
+    PdfPage* pdf_ = nullptr; // since the first PDF
     QToolButton* back_ = nullptr;
     QToolButton* forward_ = nullptr;
     QToolButton* contents_ = nullptr; // of the PDF, whose own links Qt does not tell of

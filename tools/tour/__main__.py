@@ -18,7 +18,7 @@ from .levels import read_levels
 
 EXAMPLE_LEVELS = Path(__file__).with_name("levels.tsv")
 EXAMPLE_LIST = Path(__file__).with_name("frequencies.csv")
-DOCUMENTS = ("HELP.html", "manual.pdf")
+BESIDE = ("HELP.html", "manual.pdf", "tessit-control-pdf.so")  # the program: its documents, what shows the manual
 PICTURES = "pictures"  # of the help
 HELP_ON_FILES = """\
 The levels file has a header and the columns wave, width, base, time, pulse, rate, duty, shape, output, set apart by
@@ -110,15 +110,15 @@ def take_tour(arguments, levels, diary, folder):
 def start_program(program, folder):
     """Starts a copy of the program in a folder of its own: the user's settings are neither used nor touched.
 
-    Its documents go with it. A second start is in the same folder, with the settings that the first left there.
+    What stands beside it goes with it. A second start is in the same folder, with the settings that the first left there.
     """
     if not program.is_file():
         raise TourError(f"{program} is not there; build it first")
     place = folder / "program"
     place.mkdir(exist_ok=True)
-    for document in DOCUMENTS:
-        if (program.parent / document).is_file():
-            shutil.copy2(program.parent / document, place)
+    for name in BESIDE:
+        if (program.parent / name).is_file():
+            shutil.copy2(program.parent / name, place)
     if (program.parent / PICTURES).is_dir():
         shutil.copytree(program.parent / PICTURES, place / PICTURES, dirs_exist_ok=True)
     copy = shutil.copy2(program, place)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "qt/pdf_page.h"
+#include "qt/pdf/pdf_view.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -16,7 +16,7 @@
 
 namespace tessit::qt {
 
-PdfPage::PdfPage(QWidget& parent) : QPdfView(&parent) {
+PdfView::PdfView(QWidget& parent) : QPdfView(&parent) {
     setPageMode(PageMode::MultiPage);
     setZoomMode(ZoomMode::FitToWidth);
     setDocument(&document_);
@@ -28,12 +28,12 @@ PdfPage::PdfPage(QWidget& parent) : QPdfView(&parent) {
 }
 
 // The document goes before the view does, and tells the view of its closing.
-PdfPage::~PdfPage() {
+PdfView::~PdfView() {
     on_scrolled = nullptr;
     setDocument(nullptr);
 }
 
-bool PdfPage::open(const QString& path) {
+bool PdfView::open(const QString& path) {
     close();
     if (document_.load(path) != QPdfDocument::Error::None) {
         return false;
@@ -43,7 +43,7 @@ bool PdfPage::open(const QString& path) {
     return true;
 }
 
-void PdfPage::close() {
+void PdfView::close() {
     clear_find();
     search_.setSearchString({}); // what it found was the old document's
     selections_.clear();
@@ -52,7 +52,7 @@ void PdfPage::close() {
 }
 
 // The rules of Qt's own layout: margins around, a space between, each page in the middle.
-std::vector<QRect> PdfPage::page_places() const {
+std::vector<QRect> PdfView::page_places() const {
     const double resolution = QGuiApplication::primaryScreen()->logicalDotsPerInch() / 72.0;
     const QMargins margins = documentMargins();
     const int room = viewport()->width() - margins.left() - margins.right();
@@ -78,18 +78,18 @@ std::vector<QRect> PdfPage::page_places() const {
     return places;
 }
 
-double PdfPage::pixels_per_point(int page, const QRect& place) const {
+double PdfView::pixels_per_point(int page, const QRect& place) const {
     return place.width() / document_.pagePointSize(page).width();
 }
 
-QRectF PdfPage::on_screen(int page, const QRectF& in_points) const {
+QRectF PdfView::on_screen(int page, const QRectF& in_points) const {
     const QRect place = page_places()[static_cast<std::size_t>(page)];
     const double scale = pixels_per_point(page, place);
     const QPointF scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
     return {in_points.topLeft() * scale + place.topLeft() - scrolled, in_points.size() * scale};
 }
 
-std::optional<PdfPage::Spot> PdfPage::spot_at(const QPoint& in_viewport) const {
+std::optional<PdfView::Spot> PdfView::spot_at(const QPoint& in_viewport) const {
     const QPoint point = in_viewport + QPoint(horizontalScrollBar()->value(), verticalScrollBar()->value());
     const auto places = page_places();
     for (std::size_t page = 0; page < places.size(); ++page) {
@@ -101,7 +101,7 @@ std::optional<PdfPage::Spot> PdfPage::spot_at(const QPoint& in_viewport) const {
     return std::nullopt;
 }
 
-int PdfPage::current_page() const {
+int PdfView::current_page() const {
     const auto places = page_places();
     const int upper_edge = verticalScrollBar()->value() + viewport()->height() / 3;
     const auto below =
@@ -109,7 +109,7 @@ int PdfPage::current_page() const {
     return static_cast<int>(std::min(below, places.end() - (places.empty() ? 0 : 1)) - places.begin());
 }
 
-std::vector<PdfHeading> PdfPage::headings() const {
+std::vector<PdfHeading> PdfView::headings() const {
     QPdfBookmarkModel model;
     model.setDocument(const_cast<QPdfDocument*>(&document_)); // which it only reads
     std::vector<PdfHeading> found;
@@ -128,7 +128,7 @@ std::vector<PdfHeading> PdfPage::headings() const {
     return found;
 }
 
-void PdfPage::go_to(const PdfHeading& heading) {
+void PdfView::go_to(const PdfHeading& heading) {
     constexpr int gap = 8; // above the heading, in pixels
     if (heading.page < 0 || heading.page >= document_.pageCount()) {
         return;
@@ -137,7 +137,7 @@ void PdfPage::go_to(const PdfHeading& heading) {
     verticalScrollBar()->setValue(verticalScrollBar()->value() + static_cast<int>(std::lround(top)) - gap);
 }
 
-bool PdfPage::find(const QString& text, bool backward, bool from_present_place) {
+bool PdfView::find(const QString& text, bool backward, bool from_present_place) {
     counting_.stop();
     if (search_.searchString() != text) {
         search_.setSearchString(text);
@@ -168,7 +168,7 @@ bool PdfPage::find(const QString& text, bool backward, bool from_present_place) 
     return false;
 }
 
-void PdfPage::count_places() {
+void PdfView::count_places() {
     if (pages_counted_ < document_.pageCount()) {
         search_.resultsOnPage(pages_counted_);
         ++pages_counted_;
@@ -180,7 +180,7 @@ void PdfPage::count_places() {
     }
 }
 
-FoundPlace PdfPage::found_place() {
+FoundPlace PdfView::found_place() {
     FoundPlace place;
     for (int page = 0; page < document_.pageCount(); ++page) {
         if (page == found_->page()) {
@@ -191,14 +191,14 @@ FoundPlace PdfPage::found_place() {
     return place;
 }
 
-void PdfPage::clear_find() {
+void PdfView::clear_find() {
     counting_.stop();
     found_.reset();
     found_index_ = 0;
     viewport()->update();
 }
 
-void PdfPage::show_place(const QPdfLink& place) {
+void PdfView::show_place(const QPdfLink& place) {
     found_ = place;
     const QRectF shown = on_screen(place.page(), place.rectangles().isEmpty() ? QRectF(place.location(), QSizeF(1, 1))
                                                                               : place.rectangles().front());
@@ -212,7 +212,7 @@ void PdfPage::show_place(const QPdfLink& place) {
     viewport()->update();
 }
 
-void PdfPage::copy() {
+void PdfView::copy() {
     QStringList texts;
     for (const Selection& selection : selections_) {
         texts << selection.text.text();
@@ -222,7 +222,7 @@ void PdfPage::copy() {
     }
 }
 
-void PdfPage::select_all() {
+void PdfView::select_all() {
     std::vector<Selection> all;
     for (int page = 0; page < document_.pageCount(); ++page) {
         all.push_back({page, document_.getAllText(page)});
@@ -230,12 +230,12 @@ void PdfPage::select_all() {
     select(std::move(all));
 }
 
-void PdfPage::select(std::vector<Selection> selections) {
+void PdfView::select(std::vector<Selection> selections) {
     selections_ = std::move(selections);
     viewport()->update();
 }
 
-void PdfPage::zoom(int steps) {
+void PdfView::zoom(int steps) {
     constexpr double step = 1.2;
     if (steps == 0) {
         return setZoomMode(ZoomMode::FitToWidth);
@@ -252,7 +252,7 @@ void PdfPage::zoom(int steps) {
     verticalScrollBar()->setValue(static_cast<int>(std::lround(part * verticalScrollBar()->maximum())));
 }
 
-void PdfPage::paintEvent(QPaintEvent* event) {
+void PdfView::paintEvent(QPaintEvent* event) {
     QPdfView::paintEvent(event);
     QPainter painter(viewport());
     painter.setCompositionMode(QPainter::CompositionMode_Multiply); // pages are white, and their text stays legible
@@ -271,7 +271,7 @@ void PdfPage::paintEvent(QPaintEvent* event) {
     }
 }
 
-void PdfPage::keyPressEvent(QKeyEvent* event) {
+void PdfView::keyPressEvent(QKeyEvent* event) {
     QScrollBar& bar = *verticalScrollBar();
     if (event->matches(QKeySequence::Copy)) {
         copy();
@@ -289,26 +289,26 @@ void PdfPage::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-void PdfPage::wheelEvent(QWheelEvent* event) {
+void PdfView::wheelEvent(QWheelEvent* event) {
     if ((event->modifiers() & Qt::ControlModifier) != 0 && event->angleDelta().y() != 0) {
         return zoom(event->angleDelta().y() > 0 ? 1 : -1);
     }
     QPdfView::wheelEvent(event);
 }
 
-void PdfPage::mousePressEvent(QMouseEvent* event) {
+void PdfView::mousePressEvent(QMouseEvent* event) {
     press_ = event->button() == Qt::LeftButton ? spot_at(event->pos()) : std::nullopt;
     select({});
 }
 
-void PdfPage::mouseMoveEvent(QMouseEvent* event) {
+void PdfView::mouseMoveEvent(QMouseEvent* event) {
     const auto here = spot_at(event->pos());
     if (press_ && here && here->page == press_->page) {
         select({{here->page, document_.getSelection(here->page, press_->place, here->place)}});
     }
 }
 
-void PdfPage::scrollContentsBy(int dx, int dy) {
+void PdfView::scrollContentsBy(int dx, int dy) {
     QPdfView::scrollContentsBy(dx, dy);
     if (on_scrolled) {
         on_scrolled();
