@@ -13,7 +13,7 @@ namespace {
 constexpr Microseconds million = 1'000'000;
 constexpr Microseconds usual_lateness = 100;
 constexpr Microseconds least_lateness = 20;
-constexpr Microseconds most_lateness = 300;        // a busy machine's is beyond all bounds
+constexpr Microseconds most_lateness = 200;        // a busy machine's is beyond all bounds
 constexpr Microseconds worth_housekeeping = 4'000; // shorter waits are not disturbed
 constexpr Microseconds housekeeping_interval = 100'000;
 
