@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "qt/qt_clock.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <sys/prctl.h>
 #include <time.h>
@@ -11,9 +10,7 @@ namespace tessit::qt {
 namespace {
 
 constexpr Microseconds million = 1'000'000;
-constexpr Microseconds usual_lateness = 100;
-constexpr Microseconds least_lateness = 20;
-constexpr Microseconds most_lateness = 200;        // a busy machine's is beyond all bounds
+constexpr Microseconds spin = 200;                 // what a sleep may be late
 constexpr Microseconds worth_housekeeping = 4'000; // shorter waits are not disturbed
 constexpr Microseconds housekeeping_interval = 100'000;
 
@@ -25,10 +22,15 @@ void wake_this_thread_on_time() { // not some fifty microseconds later, to save 
     prctl(PR_SET_TIMERSLACK, 1);
 }
 
+void sleep_until(Microseconds moment) {
+    const timespec target{moment / million, (moment % million) * 1000};
+    while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &target, nullptr) == EINTR) {
+    }
+}
+
 } // namespace
 
-QtClock::QtClock(std::function<void()> housekeeping)
-    : housekeeping_(std::move(housekeeping)), lateness_(usual_lateness) {
+QtClock::QtClock(std::function<void()> housekeeping) : housekeeping_(std::move(housekeeping)) {
     wake_this_thread_on_time();
 }
 
@@ -43,21 +45,11 @@ void QtClock::idle(Microseconds at_most) {
     if (at_most >= worth_housekeeping) {
         keep_house();
     }
-    if (end - lateness_ > now()) {
-        sleep_until(end - lateness_);
+    if (end - spin > now()) {
+        sleep_until(end - spin);
     }
     while (now() < end) {
     }
-}
-
-// The lateness grows by nineteen where a sleep was later and shrinks by one where it was not: so it stays where one in
-// twenty is later.
-void QtClock::sleep_until(Microseconds moment) {
-    const timespec target{moment / million, (moment % million) * 1000};
-    while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &target, nullptr) == EINTR) {
-    }
-    const bool later = now() - moment > lateness_;
-    lateness_ = std::clamp(lateness_ + (later ? 19 : -1), least_lateness, most_lateness);
 }
 
 void QtClock::keep_house() {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The steady clock in microseconds. Waiting costs little: it sleeps until shortly before the end and spins the rest, no
-// more of it than this machine is late to wake a sleeper.
+// The steady clock in microseconds. Waiting costs little: it sleeps until shortly before the end and spins the rest.
 #pragma once
 
 #include "platform/clock.h"
@@ -19,11 +18,9 @@ public:
 
 private:
     void keep_house();
-    void sleep_until(Microseconds moment);
 
     const std::function<void()> housekeeping_;
     Microseconds next_housekeeping_ = 0;
-    Microseconds lateness_; // that one sleep in twenty exceeds
 };
 
 } // namespace tessit::qt
