@@ -5,6 +5,7 @@ Nothing is ever changed over AT-SPI but by act and put, for a Wayland session wi
 under a window manager a synthetic key can overtake a synthetic click.
 """
 
+import functools
 import math
 import re
 import subprocess
@@ -22,6 +23,8 @@ SECOND_TRY = 5.0  # seconds after which a key is pressed again where that does n
 WHEEL_UP, WHEEL_DOWN = 4, 5  # mouse buttons
 ROWS_A_NOTCH = 3  # that the wheel scrolls a table
 PAUSE = 0.02  # seconds between two looks
+SEALED = {"table", "tree", "list", "menu bar"}  # their cells and entries are asked for by themselves
+LEAVES = {"check box", "label", "push button", "radio button", "separator", "text"}  # have nothing in them
 State = Atspi.StateType
 
 
@@ -38,7 +41,7 @@ class Control:
             return otherwise  # Gone, or the program is busy.
         return otherwise if answer is None else answer
 
-    @property
+    @functools.cached_property
     def role(self):
         role = self._read(Atspi.Accessible.get_role_name, "")
         return "push button" if role == "button" else role  # what Debian 13 calls it
@@ -110,9 +113,9 @@ class Control:
         return max(self.labels(), key=len, default=self.role)
 
     def below(self):
-        """This control and all that is in it; the cells of tables and the entries of lists are left out."""
+        """This control and all that is in it; the cells of tables and the entries of lists and menu bars are left out."""
         yield self
-        if self.role not in ("table", "tree", "list"):
+        if self.role not in SEALED | LEAVES:
             for child in self.children():
                 yield from child.below()
 
@@ -123,6 +126,11 @@ class Control:
     def put(self, text):
         """Puts a text into a field, where there is no keyboard."""
         self._read(lambda node: Atspi.EditableText.set_text_contents(node, text), False)
+
+    def child(self, role, label):
+        """The shown control of a role and a label right in this one, or None."""
+        fitting = (child for child in self.children() if child.role == role and label in child.labels())
+        return next((child for child in fitting if child.shown), None)
 
     def find(self, role, label=None):
         """The shown control of a role that a user knows by a label or by the caption beside it, or None."""
@@ -320,8 +328,9 @@ class Desktop:
     def command(self, window, menu, entry):
         """Chooses an entry of a window's menu bar with two clicks."""
         bar = self.wait(f'the menu bar of "{window.name}"', lambda: window.find("menu bar"))
-        item = self.click(self.control(bar, "menu item", menu), f'the menu "{menu}" to open',
-                          lambda: find_entry(bar, menu, entry))
+        heading = self.wait(f'the menu "{menu}"', lambda: bar.child("menu item", menu))
+        item = self.click(heading, f'the menu "{menu}" to open',
+                          lambda: find_entry(heading, entry))
         if not item.enabled:
             raise TourError(f"{menu} > {entry} is disabled")
         self.click(item, f'the menu "{menu}" to close', lambda: not item.shown, dialogs_welcome=True)
@@ -437,8 +446,7 @@ def selected(combo):
     return field.text if field else combo.name
 
 
-def find_entry(bar, menu, entry):
-    """An entry of an open menu, or None."""
-    opened = bar.find("menu item", menu)
-    popup = opened.find("popup menu") if opened else None
-    return popup.find("menu item", entry) if popup else None
+def find_entry(heading, entry):
+    """An entry of the menu under a heading, where that is open, or None."""
+    popup = heading.find("popup menu")
+    return popup.child("menu item", entry) if popup else None

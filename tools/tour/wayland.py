@@ -107,7 +107,7 @@ class Session:
     def command(self, title, menu, entry):
         """Chooses an entry of a window's menu bar."""
         bar = self.desktop.control(self.desktop.window(title), "menu bar", None)
-        items = (part for part in bar.below() if part.role == "menu item" and part.name == entry)
+        items = (part for heading in bar.children() for part in heading.below() if part.role == "menu item" and part.name == entry)
         next(items).act()
 
 
