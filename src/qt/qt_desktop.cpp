@@ -10,7 +10,7 @@
 #include "qt/file_dialogs.h"
 #include "qt/logo.h"
 #include "qt/look.h"
-#include "qt/shared_palettes.h"
+#include "qt/desktop_style.h"
 #include "qt/widget_text.h"
 
 #include <QClipboard>
@@ -72,7 +72,7 @@ bool GuiApplication::notify(QObject* receiver, QEvent* event) {
 }
 
 QtDesktop::QtDesktop() : clock_([this] { repaint_uncovered(); }) {
-    QApplication::setStyle(new SharedPalettes(QApplication::style()->name()));
+    QApplication::setStyle(new DesktopStyle(QApplication::style()->name()));
     watch_input();
     QApplication::setQuitOnLastWindowClosed(false); // the program decides when it ends
     QApplication::setWindowIcon(QIcon(logo({64, 64}, qApp->devicePixelRatio())));

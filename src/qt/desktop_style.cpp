@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "qt/shared_palettes.h"
+#include "qt/desktop_style.h"
 
+#include <QGuiApplication>
 #include <QStyleOption>
 #include <algorithm>
 
@@ -10,31 +11,41 @@ namespace {
 constexpr std::size_t most_palettes = 32; // the desktop may have changed its colours many times
 }
 
-int SharedPalettes::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+int DesktopStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                               QStyleHintReturn* returned) const {
     return hint == SH_TitleBar_ModifyNotification ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
 }
 
-void SharedPalettes::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+// What every desktop has, "hicolor", holds no signs, and reading what it holds would delay the first message by some
+// milliseconds; Qt's own signs are what such a search ends with.
+QIcon DesktopStyle::standardIcon(StandardPixmap sign, const QStyleOption* option, const QWidget* widget) const {
+    const bool aware = QGuiApplication::desktopSettingsAware();
+    QGuiApplication::setDesktopSettingsAware(aware && QIcon::themeName() != QLatin1String("hicolor"));
+    QIcon icon = QProxyStyle::standardIcon(sign, option, widget);
+    QGuiApplication::setDesktopSettingsAware(aware);
+    return icon;
+}
+
+void DesktopStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                    const QWidget* widget) const {
     share_palette_of(option);
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
-void SharedPalettes::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+void DesktopStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                                  const QWidget* widget) const {
     share_palette_of(option);
     QProxyStyle::drawControl(element, option, painter, widget);
 }
 
-void SharedPalettes::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+void DesktopStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                                         const QWidget* widget) const {
     share_palette_of(option);
     QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
 // An option is made for one drawing, and the palette that it gets has the same colours: whoever made it sees no change.
-void SharedPalettes::share_palette_of(const QStyleOption* option) const {
+void DesktopStyle::share_palette_of(const QStyleOption* option) const {
     if (option == nullptr) {
         return;
     }
