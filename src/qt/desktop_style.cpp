@@ -12,7 +12,7 @@ constexpr std::size_t most_palettes = 32; // the desktop may have changed its co
 }
 
 int DesktopStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                              QStyleHintReturn* returned) const {
+                            QStyleHintReturn* returned) const {
     return hint == SH_TitleBar_ModifyNotification ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
 }
 
@@ -27,19 +27,19 @@ QIcon DesktopStyle::standardIcon(StandardPixmap sign, const QStyleOption* option
 }
 
 void DesktopStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
-                                   const QWidget* widget) const {
+                                 const QWidget* widget) const {
     share_palette_of(option);
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
 void DesktopStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
-                                 const QWidget* widget) const {
+                               const QWidget* widget) const {
     share_palette_of(option);
     QProxyStyle::drawControl(element, option, painter, widget);
 }
 
 void DesktopStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
-                                        const QWidget* widget) const {
+                                      const QWidget* widget) const {
     share_palette_of(option);
     QProxyStyle::drawComplexControl(control, option, painter, widget);
 }

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The style of the desktop but for three things. It leaves a title as it is when the document is changed. On a desktop
-// without icons of its own it doesn't look for any. And it sees the same palette in all windows of the same colours: Qt's
-// own style keeps what it has painted under a name with the number of the palette, every widget of a window with colours of
-// its own has a new number, and no such name is ever forgotten, so that each window that was open once would cost memory.
+// without icons of its own it doesn't look for any. And it sees the same palette in all windows of the same colours:
+// Qt's own style keeps what it has painted under a name with the number of the palette, every widget of a window with
+// colours of its own has a new number, and no such name is ever forgotten, so that each window that was open once would
+// cost memory.
 #pragma once
 
 #include <QProxyStyle>

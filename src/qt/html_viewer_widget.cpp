@@ -2,7 +2,8 @@
 #include "qt/html_viewer_widget.h"
 
 #include "qt/look.h"
-#include "qt/pdf_module.h"
+#include "qt/module.h"
+#include "qt/pdf_page.h"
 #include "qt/widget_text.h"
 
 #include <QDir>
@@ -183,7 +184,8 @@ void HTMLViewerWidget::make_pdf_page() {
     if (pdf_ != nullptr) {
         return;
     }
-    pdf_ = &qt::make_pdf_page(pages_, pdf_module_folders());
+    const Module module = module_of_program(QStringLiteral("shows PDF documents"), QStringLiteral(TESSIT_PDF_MODULE));
+    pdf_ = &load_as<PdfPages>(module).make_page(pages_);
     pdf_->on_scrolled = [this] { refresh_buttons(); };
     pdf_->on_counted = [this](const FoundPlace& place) { find_bar_.tell(place); };
     QAbstractScrollArea& page = pdf_->widget();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A PDF document page below page, with text that can be searched, selected with the mouse and copied. What shows it is
-// a module of its own (src/qt/pdf), since Qt's libraries for PDF would slow down every start and few starts need them.
+// a module of its own (qt/pdf).
 #pragma once
 
 #include "qt/found_place.h"

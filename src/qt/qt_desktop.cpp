@@ -4,13 +4,13 @@
 #include "platform/application.h"
 #include "platform/user_folders.h"
 #include "qt/busy_sign.h"
+#include "qt/desktop_style.h"
 #include "qt/dialogs.h"
 #include "qt/earlier_input.h"
 #include "qt/endings.h"
 #include "qt/file_dialogs.h"
 #include "qt/logo.h"
 #include "qt/look.h"
-#include "qt/desktop_style.h"
 #include "qt/widget_text.h"
 
 #include <QClipboard>

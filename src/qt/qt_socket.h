@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Outgoing connections through Qt, straight to the host, past any proxy. Everything a line tells comes as a call of
-// its own from the event loop, so that an owner may drop the line in any of them. A dialogue without an end is slowed
-// down, and a line on which a megabyte waits unread is ended.
+// Outgoing connections, which a module of its own makes (qt/mail); a fault where that can't be loaded.
 #pragma once
 
 #include "platform/socket.h"

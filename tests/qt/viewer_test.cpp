@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The help window with small documents: links, finding, zoom, keys, copying, and documents that are missing.
 #include "folder_desktop.h"
-#include "qt/pdf_module.h"
+#include "qt/module.h"
+#include "qt/pdf_page.h"
 #include "support/help_window.h"
 
 #include <sys/stat.h>
@@ -333,7 +334,7 @@ TEST_F(Viewer, tells_what_is_wrong_with_the_module_that_shows_pdfs) {
         QFile::remove(module);
         QFile::link(file, module);
         try {
-            make_pdf_page(html(), {folder.path()});
+            load_as<PdfPages>({"shows PDF documents", "tessit-control-pdf.so", {folder.path()}}).make_page(html());
         } catch (const Fault& fault) {
             return QString(fault.what());
         }
