@@ -95,17 +95,19 @@ void PopupMenuWidget::show_items() {
 }
 
 ComboBoxWidget::ComboBoxWidget(ComboBox& combo, QWidget& parent) : PopupMenuWidget(combo, parent), combo_(combo) {
-    box().setEditable(true);
-    box().setCompleter(nullptr);
-    QLineEdit* edit = box().lineEdit();
+    auto* edit = new QLineEdit(&box());
+    auto* completer = new QCompleter(edit); // else the box would make one of its own, which chooses items by itself
+    edit->setCompleter(completer);
+    box().setLineEdit(edit);
     edit->setObjectName(box().objectName() + QLatin1String("_text"));
     edit->setAccessibleName(box().accessibleName());
     edit->installEventFilter(this);
     if (combo.completes()) {
-        auto* completer = new QCompleter(box().model(), edit);
+        completer->setModel(box().model());
         completer->setCompletionMode(QCompleter::InlineCompletion);
         completer->setCaseSensitivity(Qt::CaseInsensitive);
-        edit->setCompleter(completer); // the box's own would choose items by itself
+    } else {
+        edit->setCompleter(nullptr);
     }
     // Qt would replace the typed text by an item that differs in case alone.
     disconnect(edit, SIGNAL(editingFinished()), &box(), nullptr);

@@ -1,17 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "qt/logo.h"
 
+#include <QImage>
 #include <QPainter>
+#include <QResource>
 #include <algorithm>
 
 namespace tessit::qt {
 
 namespace {
 
-// Reading and shrinking a larger one than is needed takes a noticeable part of the program's start.
-QString smallest_picture_for(int side) {
+// Shrinking a larger one than is needed would take a noticeable part of the program's start.
+QImage smallest_picture_for(int side) {
     const int size = side <= 64 ? 64 : side <= 128 ? 128 : 256;
-    return QStringLiteral(":/%1.png").arg(size);
+    const QResource pixels(QStringLiteral(":/%1.pixels").arg(size));
+    return QImage(pixels.data(), size, size, QImage::Format_ARGB32_Premultiplied);
 }
 
 } // namespace
@@ -21,7 +24,7 @@ QPixmap logo(QSize size, qreal device_pixel_ratio) {
     picture.setDevicePixelRatio(device_pixel_ratio);
     picture.fill(Qt::transparent);
     const int side = static_cast<int>(std::min(size.width(), size.height()) * device_pixel_ratio);
-    QPixmap tile = QPixmap(smallest_picture_for(side)).scaledToWidth(side, Qt::SmoothTransformation);
+    QPixmap tile = QPixmap::fromImage(smallest_picture_for(side).scaledToWidth(side, Qt::SmoothTransformation));
     tile.setDevicePixelRatio(device_pixel_ratio);
     QPainter painter(&picture);
     painter.drawPixmap(QPointF(size.width() - tile.deviceIndependentSize().width(),
