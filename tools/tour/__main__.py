@@ -18,7 +18,8 @@ from .levels import read_levels
 
 EXAMPLE_LEVELS = Path(__file__).with_name("levels.tsv")
 EXAMPLE_LIST = Path(__file__).with_name("frequencies.csv")
-BESIDE = ("HELP.html", "manual.pdf", "tessit-control-pdf.so", "tessit-control-mail.so")  # the program: its documents and modules
+# The documents and modules of the program.
+BESIDE = ("HELP.html", "manual.pdf", "tessit-control-pdf.so", "tessit-control-mail.so")
 PICTURES = "pictures"  # of the help
 HELP_ON_FILES = """\
 The levels file has a header and the columns wave, width, base, time, pulse, rate, duty, shape, output, set apart by

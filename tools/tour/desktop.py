@@ -113,7 +113,7 @@ class Control:
         return max(self.labels(), key=len, default=self.role)
 
     def below(self):
-        """This control and all that is in it; the cells of tables and the entries of lists and menu bars are left out."""
+        """This control and all that is in it, but for the cells of tables and the entries of lists and menu bars."""
         yield self
         if self.role not in SEALED | LEAVES:
             for child in self.children():
@@ -329,8 +329,7 @@ class Desktop:
         """Chooses an entry of a window's menu bar with two clicks."""
         bar = self.wait(f'the menu bar of "{window.name}"', lambda: window.find("menu bar"))
         heading = self.wait(f'the menu "{menu}"', lambda: bar.child("menu item", menu))
-        item = self.click(heading, f'the menu "{menu}" to open',
-                          lambda: find_entry(heading, entry))
+        item = self.click(heading, f'the menu "{menu}" to open', lambda: find_entry(heading, entry))
         if not item.enabled:
             raise TourError(f"{menu} > {entry} is disabled")
         self.click(item, f'the menu "{menu}" to close', lambda: not item.shown, dialogs_welcome=True)

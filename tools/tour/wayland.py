@@ -107,8 +107,8 @@ class Session:
     def command(self, title, menu, entry):
         """Chooses an entry of a window's menu bar."""
         bar = self.desktop.control(self.desktop.window(title), "menu bar", None)
-        items = (part for heading in bar.children() for part in heading.below() if part.role == "menu item" and part.name == entry)
-        next(items).act()
+        items = (part for heading in bar.children() for part in heading.below() if part.role == "menu item")
+        next(item for item in items if item.name == entry).act()
 
 
 if __name__ == "__main__":
